@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+// The method trace written to "debug.txt" in the home. Each line is appended
+// by opening, writing and closing the file, so the trace survives a crash.
+// While disabled nothing is written and the depth does not move.
+class CDebug
+{
+public:
+    // Deletes any trace left by an earlier run.
+    explicit CDebug(QString traceFile);
+
+    bool Enabled() const { return m_enabled; }
+    void SetEnabled(bool enabled);
+
+    // The char overloads build no string at all while tracing is off.
+    void EnterMethod(const char* method, const char* className);
+    void EnterMethod(const QString& method, const QString& className);
+    void DenoteMethod(const QString& text);
+    void ExitMethod();
+
+    std::int16_t Depth() const { return m_depth; }
+    const QString& TraceFile() const { return m_traceFile; }
+
+private:
+    void writeLine(const QString& text) const;
+
+    QString m_traceFile;
+    bool m_enabled = false;
+    std::int16_t m_depth = 0;
+};

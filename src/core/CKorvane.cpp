@@ -1,0 +1,113 @@
+#include "CKorvane.h"
+
+#include "core/CConfiguration.h"
+#include "core/CControlHost.h"
+#include "core/CDebug.h"
+#include "core/CTraceScope.h"
+#include "core/CUtility.h"
+#include "core/IProgressMonitor.h"
+#include "persist/CZlib.h"
+
+#include <cstdlib>
+
+namespace {
+
+std::shared_ptr<CKorvane>& rootSlot()
+{
+    static std::shared_ptr<CKorvane> root;
+    return root;
+}
+
+void report(IProgressMonitor* progress, const QString& text)
+{
+    if (progress)
+        progress->UpdateStatus(text, 0.2f);
+}
+
+} // namespace
+
+CKorvane& Root()
+{
+    CKorvane* root = rootSlot().get();
+    if (!root)
+        throw KorvaneError(91, QStringLiteral("MMain.Root"),
+                           QStringLiteral("The application root does not exist"));
+    return *root;
+}
+
+CKorvane* RootOrNull()
+{
+    return rootSlot().get();
+}
+
+std::shared_ptr<CKorvane> RootShared()
+{
+    return rootSlot();
+}
+
+void InstallRoot(std::shared_ptr<CKorvane> root)
+{
+    rootSlot() = std::move(root);
+}
+
+void ReleaseRoot()
+{
+    if (auto root = rootSlot()) {
+        root->Dispose();
+        rootSlot().reset();
+    }
+}
+
+CKorvane::CKorvane() = default;
+
+CKorvane::~CKorvane()
+{
+    if (!m_disposed)
+        Dispose();
+}
+
+void CKorvane::Constructor(IProgressMonitor* progress)
+{
+    report(progress, QStringLiteral("Initializing..."));
+
+    m_controls = std::make_unique<CControlHost>();
+    m_utility = std::make_unique<CUtility>();
+    m_trace = std::make_unique<CDebug>(CUtility::GetAppPath() + QStringLiteral("debug.txt"));
+    if (qEnvironmentVariable("KORVANE_TRACE") == QLatin1String("1"))
+        m_trace->SetEnabled(true);
+    m_config = std::make_unique<CConfiguration>();
+    m_zlib = std::make_unique<CZlib>();
+
+    CTraceScope scope("Constructor", "CKorvane");
+    report(progress, QStringLiteral("Finished..."));
+    report(progress, QString());
+}
+
+void CKorvane::ExecuteOnShutdown(std::shared_ptr<IShutdownTask> task)
+{
+    if (!m_shutdownTasks)
+        m_shutdownTasks = std::make_unique<CVector<IShutdownTask>>();
+    m_shutdownTasks->AddItem(std::move(task));
+}
+
+void CKorvane::Dispose()
+{
+    if (m_disposed)
+        return;
+    if (m_shutdownTasks) {
+        CTraceScope scope("Dispose", "CKorvane");
+        scope.Denote(QString::number(m_shutdownTasks->Count()) +
+                     QStringLiteral(" tasks to execute"));
+        // Tasks run while every service is still there.
+        for (std::int32_t i = 1; i <= m_shutdownTasks->Count(); ++i)
+            m_shutdownTasks->Item(i)->Execute();
+    }
+
+    // Released in the reverse of their creation order.
+    m_zlib.reset();
+    m_config.reset();
+    m_trace.reset();
+    m_utility.reset();
+    m_controls.reset();
+    m_disposed = true;
+}

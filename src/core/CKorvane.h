@@ -1,0 +1,64 @@
+#pragma once
+
+#include "core/CVector.h"
+#include "core/IShutdownTask.h"
+
+#include <QString>
+
+#include <memory>
+
+class CConfiguration;
+class CControlHost;
+class CDebug;
+class CUtility;
+class CZlib;
+class IProgressMonitor;
+
+// The application root: owns every long-lived service, created in a fixed
+// order by Constructor and released in a fixed order by Dispose.
+class CKorvane
+{
+public:
+    CKorvane();
+    ~CKorvane();
+    CKorvane(const CKorvane&) = delete;
+    CKorvane& operator=(const CKorvane&) = delete;
+
+    void Constructor(IProgressMonitor* progress);
+    // Runs the shut-down tasks and releases everything; a second call does nothing.
+    void Dispose();
+
+    static QString Name() { return QStringLiteral("Korvane"); }
+
+    CControlHost& Controls() const { return *m_controls; }
+    CUtility& Utility() const { return *m_utility; }
+    CDebug& Trace() const { return *m_trace; }
+    CConfiguration& Config() const { return *m_config; }
+    CZlib& Zlib() const { return *m_zlib; }
+
+    // Null before Constructor and after Dispose.
+    CDebug* TracePtr() const { return m_trace.get(); }
+    bool IsConstructed() const { return m_utility != nullptr; }
+    bool IsDisposed() const { return m_disposed; }
+
+    void ExecuteOnShutdown(std::shared_ptr<IShutdownTask> task);
+    std::int32_t ShutdownTaskCount() const { return m_shutdownTasks ? m_shutdownTasks->Count() : 0; }
+
+private:
+    std::unique_ptr<CControlHost> m_controls;
+    std::unique_ptr<CUtility> m_utility;
+    std::unique_ptr<CDebug> m_trace;
+    std::unique_ptr<CConfiguration> m_config;
+    std::unique_ptr<CZlib> m_zlib;
+    std::unique_ptr<CVector<IShutdownTask>> m_shutdownTasks;
+    bool m_disposed = false;
+};
+
+// The one root of the process. Root() must only be called while a root is
+// installed; RootOrNull() is for code that may run without one.
+CKorvane& Root();
+CKorvane* RootOrNull();
+std::shared_ptr<CKorvane> RootShared();
+void InstallRoot(std::shared_ptr<CKorvane> root);
+// Disposes the root and releases it; Root() has nothing from then on.
+void ReleaseRoot();

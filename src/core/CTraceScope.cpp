@@ -1,0 +1,33 @@
+#include "CTraceScope.h"
+
+#include "core/CDebug.h"
+#include "core/CKorvane.h"
+
+CDebug* CTraceScope::ActiveTrace()
+{
+    CKorvane* root = RootOrNull();
+    if (!root)
+        return nullptr;
+    CDebug* trace = root->TracePtr();
+    return trace && trace->Enabled() ? trace : nullptr;
+}
+
+CTraceScope::CTraceScope(const char* method, const char* className) : m_trace(ActiveTrace())
+{
+    if (m_trace)
+        m_trace->EnterMethod(method, className);
+}
+
+CTraceScope::~CTraceScope()
+{
+    // Tracing may have been switched off inside the method; CDebug ignores the
+    // exit then, exactly as it ignores every call while disabled.
+    if (m_trace && RootOrNull() && RootOrNull()->TracePtr() == m_trace)
+        m_trace->ExitMethod();
+}
+
+void CTraceScope::Denote(const QString& text) const
+{
+    if (m_trace)
+        m_trace->DenoteMethod(text);
+}

@@ -1,0 +1,197 @@
+#include "CUtility.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QTemporaryFile>
+#include <QUuid>
+
+#include <chrono>
+
+namespace {
+
+QString withSlash(QString path)
+{
+    path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    if (!path.endsWith(QLatin1Char('/')))
+        path += QLatin1Char('/');
+    return path;
+}
+
+} // namespace
+
+QString CUtility::GenerateId()
+{
+    // WithoutBraces gives 8-4-4-4-12; dropping the hyphens keeps the order.
+    QString text = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    text.remove(QLatin1Char('-'));
+    return text.toUpper();
+}
+
+QString CUtility::GetAppPath()
+{
+    const QString home = qEnvironmentVariable("KORVANE_HOME");
+    if (!home.isEmpty())
+        return withSlash(home);
+    if (QCoreApplication::instance())
+        return withSlash(QCoreApplication::applicationDirPath());
+    return GetCurrentPath();
+}
+
+QString CUtility::GetCurrentPath()
+{
+    return withSlash(QDir::currentPath());
+}
+
+QString CUtility::GetModuleDir()
+{
+    return GetAppPath() + QStringLiteral("modules/");
+}
+
+QString CUtility::GetCacheDir()
+{
+    return GetAppPath() + QStringLiteral("cache/");
+}
+
+QString CUtility::GetUserModuleDir()
+{
+    return GetAppPath() + QStringLiteral("usermods/");
+}
+
+QString CUtility::CreateTempFile()
+{
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/KRXXXXXX.tmp"));
+    file.setAutoRemove(false);
+    if (!file.open())
+        throw KorvaneError(75, QStringLiteral("CUtility.CreateTempFile"),
+                           QStringLiteral("Cannot create a temporary file in ") + QDir::tempPath());
+    return file.fileName();
+}
+
+bool CUtility::ResDataToFile(const QString& resourcePath, const QString& fileName)
+{
+    QFile resource(resourcePath);
+    if (!resource.open(QIODevice::ReadOnly))
+        return false;
+    QFile target(fileName);
+    if (!target.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    const QByteArray data = resource.readAll();
+    return target.write(data) == data.size();
+}
+
+bool CUtility::FileExists(const QString& path) noexcept
+{
+    try {
+        if (path.isEmpty())
+            return false;
+        const QFileInfo info(path);
+        return info.exists() && info.isFile();
+    } catch (...) {
+        return false;
+    }
+}
+
+bool CUtility::DirExists(const QString& path) noexcept
+{
+    try {
+        if (path.isEmpty())
+            return false;
+        return QFileInfo(path).isDir();
+    } catch (...) {
+        return false;
+    }
+}
+
+bool CUtility::BuildDirectory(const QString& path)
+{
+    if (path.isEmpty())
+        return false;
+    QString clean = path;
+    clean.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    return QDir().mkpath(clean);
+}
+
+CVector<CString> CUtility::GetDirListing(const QString& pathSpec)
+{
+    QString spec = pathSpec;
+    spec.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const qsizetype cut = spec.lastIndexOf(QLatin1Char('/'));
+    const QString directory = cut >= 0 ? spec.left(cut + 1) : QStringLiteral("./");
+    const QString pattern = cut >= 0 ? spec.mid(cut + 1) : spec;
+
+    CVector<CString> result;
+    const QDir dir(directory);
+    if (!dir.exists())
+        return result;
+    // QDir name filters ignore case unless told otherwise.
+    const QStringList names = dir.entryList({pattern}, QDir::Files | QDir::Hidden, QDir::Unsorted);
+    for (const QString& name : names) {
+        // Insert at its place in name order, after names that compare equal.
+        std::int32_t position = result.Count() + 1;
+        for (std::int32_t i = 1; i <= result.Count(); ++i) {
+            if (QString::compare(name, result.Item(i)->Value(), Qt::CaseInsensitive) < 0) {
+                position = i;
+                break;
+            }
+        }
+        result.InsertItem(std::make_shared<CString>(name), position);
+    }
+    return result;
+}
+
+bool CUtility::ValidName(const QString& name)
+{
+    static const QString forbidden = QStringLiteral("\\/:*?\"<>|&");
+    for (const QChar c : name) {
+        if (forbidden.contains(c))
+            return false;
+    }
+    return true;
+}
+
+QString CUtility::EscapeCaption(const QString& text)
+{
+    QString result = text;
+    result.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return result;
+}
+
+void CUtility::ParsePath(const QString& path, QString& directory, QString& name,
+                         QString& extension)
+{
+    const qsizetype slash =
+        std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
+    directory = path.left(slash + 1);
+    const QString file = path.mid(slash + 1);
+    const qsizetype dot = file.lastIndexOf(QLatin1Char('.'));
+    if (dot < 0) {
+        name = file;
+        extension.clear();
+    } else {
+        name = file.left(dot);
+        extension = file.mid(dot + 1);
+    }
+}
+
+float CUtility::HimetricToTwips(float value)
+{
+    return value * 0.567f;
+}
+
+std::int32_t CUtility::RandomNumber(std::int32_t lower, std::int32_t upper)
+{
+    if (upper < lower)
+        std::swap(lower, upper);
+    return static_cast<std::int32_t>(
+        QRandomGenerator::global()->bounded(static_cast<qint64>(lower),
+                                            static_cast<qint64>(upper) + 1));
+}
+
+double CUtility::GetTimestamp()
+{
+    using namespace std::chrono;
+    return duration<double>(steady_clock::now().time_since_epoch()).count();
+}

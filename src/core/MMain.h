@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// Start-up helpers shared by the program and the tests.
+namespace MMain {
+
+// Rebuilds the single command-line string from the program's arguments:
+// arguments holding a blank are wrapped in double quotes, all joined by one blank.
+QString JoinArguments(const QStringList& arguments);
+
+// The path of an existing file named by the command line, or "". Only the
+// first argument counts; lines under 5 characters are ignored.
+QString ExtractFileArgument(const QString& commandLine);
+
+// Opens the game file named on the command line, if any.
+void HandleCommandLine(const QString& commandLine);
+
+// Disposes and releases the root.
+void ShutdownApplication();
+
+} // namespace MMain
