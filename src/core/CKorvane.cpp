@@ -103,6 +103,10 @@ void CKorvane::Dispose()
             m_shutdownTasks->Item(i)->Execute();
     }
 
+    // The context is released without Deactivate.
+    m_context.reset();
+    m_game.reset();
+
     // Released in the reverse of their creation order.
     m_zlib.reset();
     m_config.reset();

@@ -10,6 +10,8 @@
 class CConfiguration;
 class CControlHost;
 class CDebug;
+class CGame;
+class IGameContext;
 class CUtility;
 class CZlib;
 class IProgressMonitor;
@@ -29,6 +31,12 @@ public:
     void Dispose();
 
     static QString Name() { return QStringLiteral("Korvane"); }
+
+    // The open game and the active context; nothing when none.
+    const std::shared_ptr<CGame>& Game() const { return m_game; }
+    void SetGame(std::shared_ptr<CGame> game) { m_game = std::move(game); }
+    const std::shared_ptr<IGameContext>& Context() const { return m_context; }
+    void SetContext(std::shared_ptr<IGameContext> context) { m_context = std::move(context); }
 
     CControlHost& Controls() const { return *m_controls; }
     CUtility& Utility() const { return *m_utility; }
@@ -51,6 +59,8 @@ private:
     std::unique_ptr<CConfiguration> m_config;
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CVector<IShutdownTask>> m_shutdownTasks;
+    std::shared_ptr<CGame> m_game;
+    std::shared_ptr<IGameContext> m_context;
     bool m_disposed = false;
 };
 
