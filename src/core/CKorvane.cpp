@@ -1,5 +1,6 @@
 #include "CKorvane.h"
 
+#include "contexts/CImageListMgr.h"
 #include "core/CConfiguration.h"
 #include "core/CControlHost.h"
 #include "core/CDebug.h"
@@ -77,6 +78,7 @@ void CKorvane::Constructor(IProgressMonitor* progress)
         m_trace->SetEnabled(true);
     m_config = std::make_unique<CConfiguration>();
     m_zlib = std::make_unique<CZlib>();
+    m_imageListMgr = std::make_unique<CImageListMgr>();
 
     CTraceScope scope("Constructor", "CKorvane");
     report(progress, QStringLiteral("Finished..."));
@@ -108,6 +110,7 @@ void CKorvane::Dispose()
     m_game.reset();
 
     // Released in the reverse of their creation order.
+    m_imageListMgr.reset();
     m_zlib.reset();
     m_config.reset();
     m_trace.reset();
