@@ -259,12 +259,9 @@ DocPtr readDocument(const QString& path)
                              nullptr, XML_PARSE_NONET));
     if (!doc || capture.HasError())
         capture.Raise(QStringLiteral("The document is not well-formed XML"));
-    if (doc->intSubset || doc->extSubset) {
-        const xmlDtd* own = doc->intSubset ? doc->intSubset : doc->extSubset;
+    if (doc->intSubset || doc->extSubset)
         reject(QStringLiteral("The document brings a DOCTYPE of its own; module definitions "
-                              "follow the program's grammar only"),
-               lineOf(reinterpret_cast<const xmlNode*>(own)));
-    }
+                              "follow the program's grammar only"));
 
     // xmlIOParseDTD takes the input buffer over, also when it fails.
     xmlParserInputBufferPtr input = xmlParserInputBufferCreateMem(
