@@ -1,6 +1,7 @@
 #include "CKorvane.h"
 
 #include "actions/CActionMgr.h"
+#include "contexts/CImageListMgr.h"
 #include "core/CConfiguration.h"
 #include "core/CControlHost.h"
 #include "core/CDebug.h"
@@ -78,6 +79,7 @@ void CKorvane::Constructor(IProgressMonitor* progress)
         m_trace->SetEnabled(true);
     m_config = std::make_unique<CConfiguration>();
     m_zlib = std::make_unique<CZlib>();
+    m_imageListMgr = std::make_unique<CImageListMgr>();
     m_actionMgr = std::make_unique<CActionMgr>();
 
     CTraceScope scope("Constructor", "CKorvane");
@@ -111,6 +113,7 @@ void CKorvane::Dispose()
 
     // Released in the reverse of their creation order.
     m_actionMgr.reset();
+    m_imageListMgr.reset();
     m_zlib.reset();
     m_config.reset();
     m_trace.reset();

@@ -12,6 +12,7 @@ class CConfiguration;
 class CControlHost;
 class CDebug;
 class CGame;
+class CImageListMgr;
 class IGameContext;
 class CUtility;
 class CZlib;
@@ -44,6 +45,7 @@ public:
     CDebug& Trace() const { return *m_trace; }
     CConfiguration& Config() const { return *m_config; }
     CZlib& Zlib() const { return *m_zlib; }
+    CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
     CActionMgr& ActionMgr() const { return *m_actionMgr; }
 
     // Null before Constructor and after Dispose.
@@ -60,6 +62,7 @@ private:
     std::unique_ptr<CDebug> m_trace;
     std::unique_ptr<CConfiguration> m_config;
     std::unique_ptr<CZlib> m_zlib;
+    std::unique_ptr<CImageListMgr> m_imageListMgr;
     std::unique_ptr<CActionMgr> m_actionMgr;
     std::unique_ptr<CVector<IShutdownTask>> m_shutdownTasks;
     std::shared_ptr<CGame> m_game;

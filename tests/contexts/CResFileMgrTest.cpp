@@ -1,0 +1,274 @@
+#include "contexts/CResFileMgr.h"
+#include "contexts/CResFileWriter.h"
+#include "core/CUtility.h"
+#include "core/KorvaneError.h"
+#include "persist/COutputStream.h"
+#include "persist/CZlib.h"
+#include "support/RootFixture.h"
+
+#include <QBuffer>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <cstring>
+
+namespace {
+
+QByteArray randomBytes(int size, quint32 seed)
+{
+    QRandomGenerator generator(seed);
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (char& b : bytes)
+        b = static_cast<char>(generator.bounded(256));
+    return bytes;
+}
+
+QByteArray encodeImage(const QImage& image, const char* format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+QByteArray longBytes(std::int32_t value)
+{
+    return QByteArray(reinterpret_cast<const char*>(&value), 4);
+}
+
+struct RawEntry
+{
+    QString Name;
+    std::int32_t Position;
+    std::int32_t Stored;
+    std::int32_t Unpacked;
+};
+
+// A pack assembled by hand, so its directory can say anything.
+QByteArray rawPack(std::int32_t count, const std::vector<RawEntry>& entries, const QByteArray& data)
+{
+    COutputStream directory;
+    directory.Constructor(4096);
+    directory.WriteLong(count);
+    for (const RawEntry& e : entries) {
+        directory.WriteSmallString(e.Name);
+        directory.WriteLong(e.Position);
+        directory.WriteLong(e.Stored);
+        directory.WriteLong(e.Unpacked);
+    }
+    directory.Resize(directory.Offset(), true);
+    CZlib zlib;
+    const auto packed = zlib.Compact(directory);
+    QByteArray bytes = longBytes(directory.Size()) + longBytes(packed->Size());
+    bytes.append(reinterpret_cast<const char*>(packed->Address()), packed->Size());
+    return bytes + data;
+}
+
+class ResFileTest : public RootFixture
+{
+protected:
+    CResFileMgr writePack(const QString& relative, const CResFileWriter& writer)
+    {
+        const qsizetype slash = relative.lastIndexOf(QLatin1Char('/'));
+        QDir().mkpath(home.File(relative.left(slash)));
+        writer.Write(home.File(relative));
+        return CResFileMgr(home.File(relative.left(slash + 1)), relative.mid(slash + 1));
+    }
+
+    QByteArray cached(const QString& name) const
+    {
+        QFile file(CUtility::GetCacheDir() + name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+} // namespace
+
+TEST_F(ResFileTest, EntriesRoundTripInAnyCase)
+{
+    const QByteArray text = QByteArray("<module_def>repeated text</module_def>\n").repeated(200);
+    const QByteArray noise = randomBytes(5000, 7);
+    CResFileWriter writer;
+    writer.AddEntry(QStringLiteral("Module.DEF"), text);
+    writer.AddEntry(QStringLiteral("noise.bin"), noise);
+    writer.AddEntry(QStringLiteral("empty.txt"), QByteArray());
+    EXPECT_THROW(writer.AddEntry(QStringLiteral("MODULE.def"), text), KorvaneError);
+    for (const QString& name : {QString(), QStringLiteral("a/b"), QStringLiteral("..png"),
+                                QStringLiteral("a\\b"), QString(256, QLatin1Char('n')),
+                                QStringLiteral("\u4e2d.png"), QStringLiteral("tab\there")})
+        EXPECT_THROW(writer.AddEntry(name, "x"), KorvaneError) << name.toStdString();
+    CResFileMgr pack = writePack(QStringLiteral("modules/test.krm"), writer);
+    ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
+
+    ASSERT_EQ(pack.EntryCount(), 3);
+    const CResFileEntry& def = pack.Entry(pack.FindEntry(QStringLiteral("MODULE.DEF")));
+    EXPECT_EQ(def.Name, QStringLiteral("module.def"));
+    EXPECT_LT(def.StoredLength, def.UnpackedLength);
+    const CResFileEntry& raw = pack.Entry(pack.FindEntry(QStringLiteral("Noise.Bin")));
+    EXPECT_EQ(raw.StoredLength, raw.UnpackedLength);
+    // Positions count from the start of the file.
+    EXPECT_EQ(home.ReadFile(QStringLiteral("modules/test.krm")).mid(raw.Position, raw.StoredLength),
+              noise);
+
+    EXPECT_FALSE(CUtility::DirExists(CUtility::GetCacheDir()));
+    QString out;
+    ASSERT_TRUE(pack.UnpackFile(QStringLiteral("MODULE.DEF"), -1, out));
+    EXPECT_FALSE(out.contains(QLatin1Char('/')));
+    EXPECT_EQ(cached(out), text);
+    ASSERT_TRUE(pack.UnpackFile(QStringLiteral("NOISE.BIN"), -1, out));
+    EXPECT_EQ(cached(out), noise);
+    ASSERT_TRUE(pack.UnpackFile(QStringLiteral("empty.txt"), -1, out));
+    EXPECT_TRUE(CUtility::FileExists(CUtility::GetCacheDir() + out));
+
+    // A copy to a second place, replacing what was there.
+    const QString copy = home.WriteFile(QStringLiteral("copy.bin"), "old");
+    ASSERT_TRUE(pack.UnpackFile(QStringLiteral("noise.bin"), 0, out, copy));
+    EXPECT_EQ(home.ReadFile(QStringLiteral("copy.bin")), noise);
+
+    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("missing.png"), -1, out));
+    EXPECT_TRUE(out.isEmpty());
+    EXPECT_TRUE(pack.LastError().contains(QStringLiteral("missing.png")));
+
+    pack.RemoveCachedFiles();
+    EXPECT_EQ(CUtility::GetDirListing(CUtility::GetCacheDir() + QStringLiteral("*")).Count(), 0);
+}
+
+TEST_F(ResFileTest, CacheFilesBelongToOnePackVersion)
+{
+    CResFileWriter first;
+    first.AddEntry(QStringLiteral("board.png"), "first module's board");
+    CResFileWriter second;
+    second.AddEntry(QStringLiteral("board.png"), "second module's board!");
+    CResFileMgr a = writePack(QStringLiteral("modules/a.krm"), first);
+    CResFileMgr b = writePack(QStringLiteral("usermods/b.udm"), second);
+
+    QString outA;
+    QString outB;
+    ASSERT_TRUE(a.UnpackFile(QStringLiteral("board.png"), -1, outA));
+    ASSERT_TRUE(b.UnpackFile(QStringLiteral("board.png"), -1, outB));
+    EXPECT_NE(outA, outB);
+    EXPECT_EQ(cached(outA), QByteArray("first module's board"));
+    EXPECT_EQ(cached(outB), QByteArray("second module's board!"));
+
+    // A cache file cut short is written again.
+    QFile::resize(CUtility::GetCacheDir() + outA, 3);
+    ASSERT_TRUE(a.UnpackFile(QStringLiteral("board.png"), -1, outA));
+    EXPECT_EQ(cached(outA), QByteArray("first module's board"));
+
+    // The same pack rewritten: same size, new time; then a new size.
+    const QString path = home.File(QStringLiteral("modules/a.krm"));
+    CResFileWriter replaced;
+    replaced.AddEntry(QStringLiteral("board.png"), "FIRST MODULE'S BOARD");
+    replaced.Write(path);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime);
+    file.close();
+    QString outNew;
+    ASSERT_TRUE(a.UnpackFile(QStringLiteral("board.png"), -1, outNew));
+    EXPECT_NE(outNew, outA);
+    EXPECT_EQ(cached(outNew), QByteArray("FIRST MODULE'S BOARD"));
+
+    CResFileWriter longer;
+    longer.AddEntry(QStringLiteral("board.png"), "a longer board for the first module");
+    CResFileMgr reopened = writePack(QStringLiteral("modules/a.krm"), longer);
+    ASSERT_TRUE(reopened.UnpackFile(QStringLiteral("board.png"), -1, outNew));
+    EXPECT_EQ(cached(outNew), QByteArray("a longer board for the first module"));
+}
+
+TEST_F(ResFileTest, DamagedPacksFailCleanly)
+{
+    CResFileWriter writer;
+    writer.AddEntry(QStringLiteral("a.txt"), QByteArray("alpha ").repeated(50));
+    const QByteArray good = writer.ToBytes();
+    const std::int32_t dataStart = 8 + *reinterpret_cast<const std::int32_t*>(good.constData() + 4);
+    const QByteArray payload = QByteArray(300, 'x');
+
+    QByteArray garbledDirectory = good;
+    for (int i = 10; i < dataStart; ++i)
+        garbledDirectory[i] = static_cast<char>(garbledDirectory[i] ^ 0x5A);
+    QByteArray hugeDirectory = good;
+    std::memcpy(hugeDirectory.data(), "\xff\xff\xff\x7f", 4);
+
+    const struct
+    {
+        const char* what;
+        QByteArray bytes;
+    } cases[] = {
+        {"empty file", QByteArray()},
+        {"short header", good.left(5)},
+        {"directory beyond the end", good.left(dataStart - 1)},
+        {"negative directory length", longBytes(40) + longBytes(-4) + good.mid(8)},
+        {"directory does not inflate", garbledDirectory},
+        {"huge directory length", hugeDirectory},
+        {"absurd entry count", rawPack(0x7FFFFFFF, {{"a", 0, 0, 0}}, payload)},
+        {"directory ends early", rawPack(2, {{"abcdefghijklmnopqrst", 60, 4, 4}}, payload)},
+        {"entry outside the file", rawPack(1, {{"a", 50, 400, 400}}, payload)},
+        {"entry before the data", rawPack(1, {{"a", 2, 4, 4}}, payload)},
+        {"negative position", rawPack(1, {{"a", -8, 4, 4}}, payload)},
+        {"slash in name", rawPack(1, {{"../x", 60, 4, 4}}, payload)},
+        {"dots in name", rawPack(1, {{"..", 60, 4, 4}}, payload)},
+        {"backslash in name", rawPack(1, {{"a\\b", 60, 4, 4}}, payload)},
+        {"empty name", rawPack(1, {{"", 60, 4, 4}}, payload)},
+        {"duplicate names", rawPack(2, {{"a", 60, 4, 4}, {"A", 60, 4, 4}}, payload)},
+        {"absurd unpacked length", rawPack(1, {{"a", 60, 4, 0x7FFFFFF0}}, payload)},
+        {"inflates too far", rawPack(1, {{"a", 60, 4, 100000}}, payload)},
+    };
+    for (const auto& c : cases) {
+        home.WriteFile(QStringLiteral("modules/bad.krm"), c.bytes);
+        CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("bad.krm"));
+        EXPECT_FALSE(pack.IsOpen()) << c.what;
+        EXPECT_FALSE(pack.LastError().isEmpty()) << c.what;
+        QString out = QStringLiteral("stale");
+        EXPECT_FALSE(pack.UnpackFile(QStringLiteral("a"), -1, out)) << c.what;
+        EXPECT_TRUE(out.isEmpty()) << c.what;
+        EXPECT_TRUE(pack.UnpackImage(QStringLiteral("a")).isNull()) << c.what;
+    }
+
+    // A well-formed directory over damaged compressed data.
+    home.WriteFile(QStringLiteral("modules/bad.krm"), rawPack(1, {{"a", 60, 200, 900}}, payload));
+    CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("bad.krm"));
+    ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
+    QString out;
+    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("a"), -1, out));
+    EXPECT_TRUE(pack.LastError().contains(QStringLiteral("damaged")));
+    EXPECT_EQ(CUtility::GetDirListing(CUtility::GetCacheDir() + QStringLiteral("*")).Count(), 0);
+
+    CResFileMgr missing(home.File(QStringLiteral("modules")), QStringLiteral("none.krm"));
+    EXPECT_FALSE(missing.IsOpen());
+    EXPECT_THROW(missing.Entry(1), KorvaneError);
+}
+
+TEST_F(ResFileTest, UnpackImageDecodesPictures)
+{
+    QImage picture(7, 5, QImage::Format_RGB32);
+    for (int y = 0; y < 5; ++y) {
+        for (int x = 0; x < 7; ++x)
+            picture.setPixel(x, y, qRgb(x * 30, y * 50, 200 - x * y));
+    }
+    CResFileWriter writer;
+    writer.AddEntry(QStringLiteral("Counter.PNG"), encodeImage(picture, "PNG"));
+    writer.AddEntry(QStringLiteral("counter.bmp"), encodeImage(picture, "BMP"));
+    writer.AddEntry(QStringLiteral("counter.jpg"), encodeImage(picture, "JPEG"));
+    // One red pixel; Qt reads GIF but does not write it.
+    writer.AddEntry(QStringLiteral("dot.gif"),
+                    QByteArray::fromHex("47494638396101000100800000"
+                                        "ff0000000000"
+                                        "21f9040000000000"
+                                        "2c00000000010001000002024401003b"));
+    writer.AddEntry(QStringLiteral("notes.txt"), "not a picture");
+    CResFileMgr pack = writePack(QStringLiteral("modules/pics.krm"), writer);
+
+    for (const QString& name : {QStringLiteral("counter.png"), QStringLiteral("COUNTER.BMP")}) {
+        const QImage image = pack.UnpackImage(name);
+        ASSERT_EQ(image.size(), picture.size()) << name.toStdString();
+        EXPECT_EQ(image.convertToFormat(QImage::Format_RGB32), picture) << name.toStdString();
+    }
+    EXPECT_EQ(pack.UnpackImage(QStringLiteral("counter.jpg")).size(), picture.size());
+    EXPECT_EQ(pack.UnpackImage(QStringLiteral("dot.gif")).pixel(0, 0), qRgb(255, 0, 0));
+    EXPECT_TRUE(pack.UnpackImage(QStringLiteral("notes.txt")).isNull());
+    EXPECT_TRUE(pack.LastError().contains(QStringLiteral("not a picture")));
+}
