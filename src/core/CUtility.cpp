@@ -116,11 +116,11 @@ bool CUtility::BuildDirectory(const QString& path)
 
 CVector<CString> CUtility::GetDirListing(const QString& pathSpec)
 {
-    QString spec = pathSpec;
-    spec.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const qsizetype cut = spec.lastIndexOf(QLatin1Char('/'));
-    const QString directory = cut >= 0 ? spec.left(cut + 1) : QStringLiteral("./");
-    const QString pattern = cut >= 0 ? spec.mid(cut + 1) : spec;
+    QString wanted = pathSpec;
+    wanted.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const qsizetype cut = wanted.lastIndexOf(QLatin1Char('/'));
+    const QString directory = cut >= 0 ? wanted.left(cut + 1) : QStringLiteral("./");
+    const QString pattern = cut >= 0 ? wanted.mid(cut + 1) : wanted;
 
     CVector<CString> result;
     const QDir dir(directory);
