@@ -7,11 +7,18 @@ CDebug::CDebug(QString traceFile) : m_traceFile(std::move(traceFile))
     QFile::remove(m_traceFile);
 }
 
+CDebug::~CDebug()
+{
+    if (m_enabled)
+        --s_enabledCount;
+}
+
 void CDebug::SetEnabled(bool enabled)
 {
     if (enabled == m_enabled)
         return;
     m_enabled = enabled;
+    s_enabledCount += enabled ? 1 : -1;
     writeLine(enabled ? QStringLiteral("[Debug Enabled]") : QStringLiteral("[Debug Disabled]"));
 }
 

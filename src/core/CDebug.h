@@ -12,6 +12,9 @@ class CDebug
 public:
     // Deletes any trace left by an earlier run.
     explicit CDebug(QString traceFile);
+    ~CDebug();
+    CDebug(const CDebug&) = delete;
+    CDebug& operator=(const CDebug&) = delete;
 
     bool Enabled() const { return m_enabled; }
     void SetEnabled(bool enabled);
@@ -25,10 +28,15 @@ public:
     std::int16_t Depth() const { return m_depth; }
     const QString& TraceFile() const { return m_traceFile; }
 
+    // Whether any trace is enabled: the one test a trace guard makes while
+    // tracing is off.
+    static bool AnyEnabled() { return s_enabledCount > 0; }
+
 private:
     void writeLine(const QString& text) const;
 
     QString m_traceFile;
     bool m_enabled = false;
     std::int16_t m_depth = 0;
+    static inline int s_enabledCount = 0;
 };

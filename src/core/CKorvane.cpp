@@ -54,16 +54,30 @@ void InstallRoot(std::shared_ptr<CKorvane> root)
 
 void ReleaseRoot()
 {
-    if (auto root = rootSlot()) {
-        root->Dispose();
-        rootSlot().reset();
-    }
+    auto root = rootSlot();
+    if (!root)
+        return;
+    // The root stays reachable while its shut-down tasks run, and is released
+    // even when one of them fails.
+    struct Release
+    {
+        ~Release() { rootSlot().reset(); }
+    } release;
+    root->Dispose();
 }
 
 CKorvane::CKorvane() = default;
 
 CKorvane::~CKorvane()
 {
+    if (m_disposed)
+        return;
+    try {
+        Dispose();
+    } catch (const std::exception& e) {
+        // Nobody is left to report to; the services are released below.
+        qWarning("Shut-down task failed: %s", e.what());
+    }
     if (!m_disposed)
         Dispose();
 }
@@ -99,12 +113,14 @@ void CKorvane::Dispose()
     if (m_disposed)
         return;
     if (m_shutdownTasks) {
+        // Taken out first, so a failing task ends this call and no later
+        // Dispose runs any task again.
+        const std::unique_ptr<CVector<IShutdownTask>> tasks = std::move(m_shutdownTasks);
         CTraceScope scope("Dispose", "CKorvane");
-        scope.Denote(QString::number(m_shutdownTasks->Count()) +
-                     QStringLiteral(" tasks to execute"));
+        scope.Denote(QString::number(tasks->Count()) + QStringLiteral(" tasks to execute"));
         // Tasks run while every service is still there.
-        for (std::int32_t i = 1; i <= m_shutdownTasks->Count(); ++i)
-            m_shutdownTasks->Item(i)->Execute();
+        for (std::int32_t i = 1; i <= tasks->Count(); ++i)
+            tasks->Item(i)->Execute();
     }
 
     // The context is released without Deactivate.

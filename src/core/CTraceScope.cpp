@@ -12,18 +12,12 @@ CDebug* CTraceScope::ActiveTrace()
     return trace && trace->Enabled() ? trace : nullptr;
 }
 
-CTraceScope::CTraceScope(const char* method, const char* className) : m_trace(ActiveTrace())
-{
-    if (m_trace)
-        m_trace->EnterMethod(method, className);
-}
-
-CTraceScope::~CTraceScope()
+void CTraceScope::leave(CDebug* trace)
 {
     // Tracing may have been switched off inside the method; CDebug ignores the
     // exit then, exactly as it ignores every call while disabled.
-    if (m_trace && RootOrNull() && RootOrNull()->TracePtr() == m_trace)
-        m_trace->ExitMethod();
+    if (RootOrNull() && RootOrNull()->TracePtr() == trace)
+        trace->ExitMethod();
 }
 
 void CTraceScope::Denote(const QString& text) const

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "core/CDebug.h"
 
-class CDebug;
+#include <QString>
 
 // Writes a method's entry line on construction and its exit line on
 // destruction, so an exception unwinds the trace depth correctly. Costs one
@@ -10,8 +10,17 @@ class CDebug;
 class CTraceScope
 {
 public:
-    CTraceScope(const char* method, const char* className);
-    ~CTraceScope();
+    CTraceScope(const char* method, const char* className)
+        : m_trace(CDebug::AnyEnabled() ? ActiveTrace() : nullptr)
+    {
+        if (m_trace)
+            m_trace->EnterMethod(method, className);
+    }
+    ~CTraceScope()
+    {
+        if (m_trace)
+            leave(m_trace);
+    }
     CTraceScope(const CTraceScope&) = delete;
     CTraceScope& operator=(const CTraceScope&) = delete;
 
@@ -22,5 +31,8 @@ public:
     static CDebug* ActiveTrace();
 
 private:
+    // Static, so the guard's address never escapes and the off path stays in registers.
+    static void leave(CDebug* trace);
+
     CDebug* m_trace;
 };

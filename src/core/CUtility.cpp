@@ -116,18 +116,18 @@ bool CUtility::BuildDirectory(const QString& path)
 
 CVector<CString> CUtility::GetDirListing(const QString& pathSpec)
 {
-    QString pattern = pathSpec;
-    pattern.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const qsizetype cut = pattern.lastIndexOf(QLatin1Char('/'));
-    const QString directory = cut >= 0 ? pattern.left(cut + 1) : QStringLiteral("./");
-    const QString filePattern = cut >= 0 ? pattern.mid(cut + 1) : pattern;
+    QString wanted = pathSpec;
+    wanted.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const qsizetype cut = wanted.lastIndexOf(QLatin1Char('/'));
+    const QString directory = cut >= 0 ? wanted.left(cut + 1) : QStringLiteral("./");
+    const QString pattern = cut >= 0 ? wanted.mid(cut + 1) : wanted;
 
     CVector<CString> result;
     const QDir dir(directory);
     if (!dir.exists())
         return result;
     // QDir name filters ignore case unless told otherwise.
-    const QStringList names = dir.entryList({filePattern}, QDir::Files | QDir::Hidden, QDir::Unsorted);
+    const QStringList names = dir.entryList({pattern}, QDir::Files | QDir::Hidden, QDir::Unsorted);
     for (const QString& name : names) {
         // Insert at its place in name order, after names that compare equal.
         std::int32_t position = result.Count() + 1;

@@ -24,8 +24,22 @@ public:
     CVector() : m_slots(DefaultIncrement) {}
     CVector(const CVector&) = delete;
     CVector& operator=(const CVector&) = delete;
-    CVector(CVector&&) noexcept = default;
-    CVector& operator=(CVector&&) noexcept = default;
+    // A moved-from vector is empty (Count 0) and stays usable.
+    CVector(CVector&& other) noexcept
+        : m_slots(std::exchange(other.m_slots, {})), m_count(std::exchange(other.m_count, 0)),
+          m_increment(other.m_increment)
+    {
+    }
+    CVector& operator=(CVector&& other) noexcept
+    {
+        if (this != &other) {
+            releaseFromTop();
+            m_slots = std::exchange(other.m_slots, {});
+            m_count = std::exchange(other.m_count, 0);
+            m_increment = other.m_increment;
+        }
+        return *this;
+    }
     ~CVector() { releaseFromTop(); }
 
     const Pointer& Item(std::int32_t index) const

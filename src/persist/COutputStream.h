@@ -30,6 +30,8 @@ public:
     unsigned char* Address();
     const unsigned char* Address() const;
     void MoveAddressToOffset();
+    // The first buffer byte whatever the mark, or null before construction.
+    const unsigned char* Data() const { return m_size >= 1 ? m_buffer.data() : nullptr; }
 
     // Writes all Size bytes, whatever Offset is. False when the device refused them.
     bool DumpToFile(QIODevice& file) const;

@@ -5,6 +5,7 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cmath>
 
 std::int32_t CZlib::CompactCapacity(std::int32_t sourceSize)
@@ -21,7 +22,8 @@ std::unique_ptr<COutputStream> CZlib::Compact(const COutputStream& source)
     packed->Constructor(capacity);
     uLongf destinationLength = static_cast<uLongf>(capacity);
     static const Bytef empty = 0;
-    const Bytef* from = n > 0 ? source.Address() : &empty;
+    // The whole buffer from its first byte: Address() follows the mark.
+    const Bytef* from = n > 0 ? source.Data() : &empty;
     m_lastResult = compress2(packed->Address(), &destinationLength, from, static_cast<uLong>(n), 9);
     packed->Resize(static_cast<std::int32_t>(destinationLength), true);
     return packed;

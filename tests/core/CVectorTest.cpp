@@ -1,10 +1,136 @@
 #include "core/CVector.h"
 
+#include "core/CString.h"
+#include "support/QtPrinters.h"
+
 #include <gtest/gtest.h>
 
-TEST(CVector, smoke)
+#include <functional>
+
+using namespace Qt::Literals::StringLiterals;
+using Vec = CVector<CString>;
+
+namespace {
+
+Vec make(const QString& letters)
 {
-    CVector<int> v;
-    v.AddItem(std::make_shared<int>(1));
-    EXPECT_EQ(v.Count(), 1);
+    Vec v;
+    for (const QChar c : letters)
+        v.AddItem(std::make_shared<CString>(QString(c)));
+    return v;
+}
+
+QString letters(const Vec& v)
+{
+    QString result;
+    for (const auto& item : v)
+        result += item->Value();
+    return result;
+}
+
+// "number source: description" of the error a call raises.
+QString errorOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const KorvaneError& e) {
+        return QString::number(e.Number()) + u' ' + e.Source() + u": "_s + e.Description();
+    }
+    return u"none"_s;
+}
+
+} // namespace
+
+TEST(CVector, CapacityFollowsIncrementClearPackAndClone)
+{
+    Vec v = make(u"ABCDEFGHIJ"_s);
+    EXPECT_EQ(v.Size(), 10);
+    v.AddItem(v.Item(1));
+    EXPECT_EQ(v.Size(), 20);
+    v.SetIncrement(-5); // accepted: only zero is refused
+    EXPECT_EQ(errorOf([&] { v.SetIncrement(0); }), u"1 CVector.Increment: Invalid Increment"_s);
+    EXPECT_EQ(v.Increment(), -5);
+    v.SetIncrement(3);
+    v.Clear();
+    EXPECT_EQ(v.Size(), 3);
+    for (const QChar c : u"ABCD"_s)
+        v.AddItem(std::make_shared<CString>(QString(c)));
+    v.Pack();
+    EXPECT_EQ(v.Size(), 4);
+    v.AddItem(v.Item(1));
+    EXPECT_EQ(v.Size(), 7);
+
+    Vec clone = v.Clone();
+    EXPECT_EQ(clone.Size(), 10); // the default capacity, growing by the copied increment
+    EXPECT_EQ(clone.Increment(), 3);
+    EXPECT_EQ(clone.Item(2), v.Item(2));
+    EXPECT_EQ(v.Item(2).use_count(), 2);
+    Vec moved(std::move(clone));
+    EXPECT_EQ(clone.Count(), 0); // NOLINT(bugprone-use-after-move)
+    clone.AddItem(v.Item(1));
+    EXPECT_EQ(letters(moved) + letters(clone), u"ABCDAA"_s);
+}
+
+TEST(CVector, RaisesExactErrorsAndChangesNothing)
+{
+    Vec v = make(u"ABC"_s);
+    const auto other = std::make_shared<CString>(u"A"_s);
+    const QString bounds = u": Out Of Bounds"_s;
+    EXPECT_EQ(errorOf([&] { v.Item(0); }), u"1 CVector.Item"_s + bounds);
+    EXPECT_EQ(errorOf([&] { v.SetItem(4, other); }), u"1 CVector.Item"_s + bounds);
+    EXPECT_EQ(errorOf([&] { v.InsertItem(other, 5); }), u"1 CVector.InsertItem"_s + bounds);
+    EXPECT_EQ(errorOf([&] { v.DeleteItem(4); }), u"1 CVector.DeleteItem"_s + bounds);
+    EXPECT_EQ(errorOf([&] { v.RemoveItem(other); }), u"1 CVector.RemoveItem: Not Found"_s);
+    EXPECT_EQ(errorOf([&] { v.Swap(1, 4); }), u"1 CVector.Swap"_s + bounds);
+    for (const int n : {0, 3, -1})
+        EXPECT_EQ(errorOf([&] { v.SwapRange(1, 2, n); }), u"1 CVector.SwapRange"_s + bounds);
+    Vec full = make(u"ABCDEFGHIJ"_s);
+    full.SetIncrement(-1); // a full vector cannot grow by a negative step
+    EXPECT_EQ(errorOf([&] { full.AddItem(other); }), u"1 CVector.AddItem: Invalid Increment"_s);
+    EXPECT_EQ(letters(v) + letters(full), u"ABCABCDEFGHIJ"_s);
+    EXPECT_EQ(v.Size(), 10);
+    EXPECT_EQ(other.use_count(), 1);
+}
+
+TEST(CVector, InsertDeleteRemoveKeepOrderAndReferences)
+{
+    Vec v = make(u"BD"_s);
+    v.InsertItem(std::make_shared<CString>(u"A"_s), 1);
+    v.InsertItem(std::make_shared<CString>(u"C"_s), 3);
+    v.InsertItem(std::make_shared<CString>(u"E"_s), 5); // Count + 1 appends
+    const auto twin = v.Item(3);
+    v.AddItem(twin);
+    v.RemoveItem(twin); // only the first occurrence goes
+    v.DeleteItem(1);
+    EXPECT_EQ(letters(v), u"BDEC"_s);
+    EXPECT_EQ(v.IndexOf(twin), 4);
+    EXPECT_EQ(twin.use_count(), 2);
+}
+
+TEST(CVector, SwapRangeGivesWhatThreeBlockCopiesGive)
+{
+    Vec v = make(u"ABCDEF"_s);
+    v.SwapRange(1, 4, 3);
+    EXPECT_EQ(letters(v), u"DEFABC"_s);
+    Vec overlap = make(u"ABCDE"_s); // not an exchange: D vanishes, B doubles
+    const std::weak_ptr<CString> d = overlap.Item(4);
+    overlap.SwapRange(1, 2, 3);
+    EXPECT_EQ(letters(overlap), u"BABCE"_s);
+    EXPECT_TRUE(d.expired());
+
+    // Every valid range against the three copies on a plain string: a.. to a
+    // temporary, b.. (as it stood) into a.., the temporary into b...
+    for (int a = 1; a <= 6; ++a) {
+        for (int b = 1; b <= 6; ++b) {
+            for (int n = 1; a + n <= 7 && b + n <= 7; ++n) {
+                QString model = u"ABCDEF"_s;
+                const QString temporary = model.mid(a - 1, n);
+                model.replace(a - 1, n, model.mid(b - 1, n));
+                model.replace(b - 1, n, temporary);
+                Vec w = make(u"ABCDEF"_s);
+                w.SwapRange(a, b, n);
+                EXPECT_EQ(letters(w), model) << a << "," << b << "," << n;
+            }
+        }
+    }
 }
