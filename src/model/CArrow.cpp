@@ -18,6 +18,12 @@ void CArrow::SaveTo(COutputStream& stream) const
 void CArrow::RestoreFrom(CInputStream& stream)
 {
     CRecordReader in(stream, "CArrow.RestoreFrom");
+    RestoreFrom(in);
+}
+
+void CArrow::RestoreFrom(CRecordReader& in)
+{
+    CRecordReader::Section section(in, "CArrow.RestoreFrom");
     in.Version(QStringLiteral("arrow"), 1, RecordVersion);
     QString id = in.SmallString();
     const std::int32_t headX = in.Long();

@@ -7,6 +7,7 @@
 #include <cstdint>
 
 class CInputStream;
+class CRecordReader;
 class COutputStream;
 
 // A straight arrow on a map, from its tail to its head, in one colour.
@@ -39,6 +40,7 @@ public:
     // Reads a version 1 record, id included; fails with a KorvaneError on an
     // unknown version or missing bytes and then leaves the arrow unchanged.
     void RestoreFrom(CInputStream& stream);
+    void RestoreFrom(CRecordReader& in);
 
 private:
     QString m_id;

@@ -110,7 +110,7 @@ void CGame::RestoreFrom(CInputStream& stream)
     CRecordReader in(stream, "CGame.RestoreFrom");
     const std::int16_t version = in.Version(QStringLiteral("game"), 1, RecordVersion);
     if (version == 1) {
-        restoreVersion1(stream);
+        restoreVersion1(in);
         return;
     }
     m_id = in.SmallString();
@@ -122,15 +122,14 @@ void CGame::RestoreFrom(CInputStream& stream)
     for (std::int32_t i = 0; i < count; ++i) {
         auto group = std::make_shared<CMapGroup>(in.SmallString());
         m_groups.AddItem(group);
-        group->RestoreFrom(stream);
+        group->RestoreFrom(in);
     }
     if (m_groups.Count() > 0)
         SwitchTo(m_groups.Item(m_groups.Count()));
 }
 
-void CGame::restoreVersion1(CInputStream& stream)
+void CGame::restoreVersion1(CRecordReader& in)
 {
-    CRecordReader in(stream, "CGame.RestoreFrom");
     m_id = in.SmallString();
     m_name = in.SmallString();
     m_remarks = in.SmallString();
@@ -141,7 +140,7 @@ void CGame::restoreVersion1(CInputStream& stream)
     // Old games with more than 1050 maps lose their first hundred.
     if (count > 1050) {
         for (std::int32_t i = 0; i < 100; ++i)
-            CMap(CUtility::GenerateId(), QString()).RestoreFrom(stream);
+            CMap(CUtility::GenerateId(), QString()).RestoreFrom(in);
         count -= 100;
     }
     // Groups of 100 maps (the first one 99), the last one holding the rest;
@@ -160,7 +159,7 @@ void CGame::restoreVersion1(CInputStream& stream)
         }
         auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
         group->Maps().AddItem(map);
-        map->RestoreFrom(stream);
+        map->RestoreFrom(in);
     }
     SwitchTo(group);
 }

@@ -8,6 +8,7 @@
 #include <memory>
 
 class CInputStream;
+class CRecordReader;
 class CMap;
 class CMapGroup;
 class COutputStream;
@@ -64,7 +65,7 @@ public:
     void RestoreFrom(CInputStream& stream);
 
 private:
-    void restoreVersion1(CInputStream& stream);
+    void restoreVersion1(CRecordReader& in);
 
     QString m_id;
     QString m_name;

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -26,8 +27,8 @@ constexpr int fileError = 75;
 constexpr std::int32_t maximumStoredCount = std::numeric_limits<std::int16_t>::max();
 // Token index and token id in front of each unit record.
 constexpr std::int32_t unitEntryBytes = 2 + 1 + CUnit::MinimumRecordBytes;
-// Swap file entries also carry the unit id.
-constexpr std::int32_t swapUnitEntryBytes = unitEntryBytes + 1;
+// Swap file entries: token position, unit id, unit record.
+constexpr std::int32_t swapUnitEntryBytes = 2 + 1 + CUnit::MinimumRecordBytes;
 
 // The swap files this process has written and not yet deleted.
 QSet<QString>& writtenSwapFiles()
@@ -52,6 +53,23 @@ void checkStoredCount(qsizetype count, const char* items)
                        QStringLiteral("The counter \"%1\" is not part of the active game module, "
                                       "so the map cannot be read")
                            .arg(tokenId));
+}
+
+// The token's position in the context's list: where its index says when
+// that holds, else found by identity.
+std::int32_t tokenPosition(const IGameContext& context, const IToken& token)
+{
+    const CVector<IToken>& tokens = context.Tokens();
+    const std::int32_t index = token.Index();
+    if (index >= 1 && index <= tokens.Count() && tokens.Item(index).get() == &token)
+        return index;
+    const std::int32_t position = tokens.IndexOf(&token);
+    if (position == 0 || position > maximumStoredCount)
+        throw KorvaneError(fileError, QStringLiteral("CMap.ReleaseLock"),
+                           QStringLiteral("The counter \"%1\" of a unit is not part of the "
+                                          "active game module")
+                               .arg(token.Id()));
+    return position;
 }
 
 } // namespace
@@ -148,16 +166,27 @@ void CMap::ReleaseLock()
 
 void CMap::writeSwapFile()
 {
-    // Layout: Long unit count; per unit its token's index (Integer) and id,
-    // the unit id and the unit record; Long arrow count; the arrow records.
-    COutputStream out;
-    const std::int64_t estimate = static_cast<std::int64_t>(m_units->Count()) * 64;
-    out.Constructor(static_cast<std::int32_t>(
-        std::min<std::int64_t>(std::max<std::int64_t>(estimate, 64), 1 << 30)));
+    // Layout: the active context's id and token count, then the unit count
+    // (Long) and per unit its token's position in that list (Integer), the
+    // unit id and the unit record; the arrow count (Long) and the arrow
+    // records. The file is read back only by this process, while the same
+    // context is active, so the position alone identifies the token.
+    CKorvane* root = RootOrNull();
+    const IGameContext* context = root ? root->Context().get() : nullptr;
+    if (!context && m_units->Count() > 0)
+        throw KorvaneError(fileError, QStringLiteral("CMap.ReleaseLock"),
+                           QStringLiteral("The units of a map cannot be swapped out while no "
+                                          "game module is active"));
+    // One buffer serves every swap: it keeps its capacity between maps, so
+    // switching allocates no large blocks.
+    static COutputStream out;
+    out.SetOffset(0);
+    out.WriteSmallString(context ? context->Id() : QString());
+    out.WriteLong(context ? context->Tokens().Count() : 0);
     out.WriteLong(m_units->Count());
     for (const auto& unit : *m_units) {
-        out.WriteInteger(unit->Token()->Index());
-        out.WriteSmallString(unit->Token()->Id());
+        const std::int32_t position = tokenPosition(*context, *unit->Token());
+        out.WriteInteger(static_cast<std::int16_t>(position));
         out.WriteSmallString(unit->Id());
         unit->SaveTo(out);
     }
@@ -168,12 +197,16 @@ void CMap::writeSwapFile()
     const QString directory = QFileInfo(m_swapFile).absolutePath();
     if (!CUtility::DirExists(directory))
         CUtility::BuildDirectory(directory);
-    // Truncating replaces the whole content, so no stale bytes stay behind.
+    // The new content is written over the old and the file cut to its
+    // length, so no stale bytes stay behind. (Cutting a file to nothing
+    // first would make the file system flush it to disk at every switch.)
     QFile file(m_swapFile);
-    bool written = file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    bool written = file.open(QIODevice::ReadWrite | QIODevice::Unbuffered);
     if (written) {
         written =
             file.write(reinterpret_cast<const char*>(out.Address()), out.Offset()) == out.Offset();
+        if (written && file.size() > out.Offset())
+            written = file.resize(out.Offset());
         file.close();
         written = written && file.error() == QFileDevice::NoError;
     }
@@ -187,42 +220,63 @@ void CMap::writeSwapFile()
 
 void CMap::readSwapFile()
 {
-    QFile file(m_swapFile);
-    if (!file.open(QIODevice::ReadOnly))
-        throw KorvaneError(fileError, QStringLiteral("CMap.AquireLock"),
+    const auto fail = [this](int number, const QString& reason) {
+        throw KorvaneError(number, QStringLiteral("CMap.AquireLock"),
                            QStringLiteral("The swap file %1 cannot be read: %2")
-                               .arg(QDir::toNativeSeparators(m_swapFile), file.errorString()));
-    CInputStream stream = CInputStream::FromBytes(file.readAll());
+                               .arg(QDir::toNativeSeparators(m_swapFile), reason));
+    };
+    // Read into a buffer kept between swaps, for the same reason as above.
+    static std::vector<unsigned char> bytes;
+    QFile file(m_swapFile);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        fail(fileError, file.errorString());
+    const qint64 size = file.size();
+    if (size <= 0 || size > std::numeric_limits<std::int32_t>::max())
+        fail(fileError, QStringLiteral("it is empty or too large"));
+    if (bytes.size() < static_cast<std::size_t>(size))
+        bytes.resize(static_cast<std::size_t>(size));
+    if (file.read(reinterpret_cast<char*>(bytes.data()), size) != size)
+        fail(fileError, file.errorString());
     file.close();
 
     auto units = std::make_unique<CVector<CUnit>>();
     auto arrows = std::make_unique<CVector<CArrow>>();
     try {
-        CRecordReader in(stream, "CMap.AquireLock");
+        CRecordReader in(bytes.data(), static_cast<std::int32_t>(size), "CMap.AquireLock");
+        const QString contextId = in.SmallString();
+        const std::int32_t tokenCount = in.Long();
+        CKorvane* root = RootOrNull();
+        const IGameContext* context = root ? root->Context().get() : nullptr;
         const std::int32_t unitCount = in.LongCount(QStringLiteral("units"), swapUnitEntryBytes);
+        if (unitCount > 0 &&
+            (!context || context->Id() != contextId || context->Tokens().Count() != tokenCount))
+            in.Fail(CRecordReader::InvalidFormatError,
+                    QStringLiteral("it was written for the game module \"%1\", which is no "
+                                   "longer active")
+                        .arg(contextId));
+        units->SetIncrement(std::max(unitCount, CVector<CUnit>::DefaultIncrement));
         for (std::int32_t i = 0; i < unitCount; ++i) {
-            const std::int16_t tokenIndex = in.Integer();
-            const QString tokenId = in.SmallString();
-            QString unitId = in.SmallString();
-            std::shared_ptr<IToken> token = ResolveToken(tokenIndex, tokenId);
-            if (!token)
-                failUnknownToken("CMap.AquireLock", tokenId);
-            auto unit = std::make_shared<CUnit>(std::move(unitId), std::move(token));
-            unit->RestoreFrom(stream);
+            const std::int16_t position = in.Integer();
+            if (position < 1 || position > tokenCount)
+                in.Fail(CRecordReader::InvalidFormatError,
+                        QStringLiteral("a unit names the counter number %1 of %2")
+                            .arg(position)
+                            .arg(tokenCount));
+            auto unit = std::make_shared<CUnit>(in.SmallString(), context->Tokens().Item(position));
+            unit->RestoreFrom(in);
             units->AddItem(std::move(unit));
         }
         const std::int32_t arrowCount =
             in.LongCount(QStringLiteral("arrows"), CArrow::MinimumRecordBytes);
         for (std::int32_t i = 0; i < arrowCount; ++i) {
             auto arrow = std::make_shared<CArrow>(QString());
-            arrow->RestoreFrom(stream);
+            arrow->RestoreFrom(in);
             arrows->AddItem(std::move(arrow));
         }
     } catch (const KorvaneError& error) {
-        throw KorvaneError(error.Number(), QStringLiteral("CMap.AquireLock"),
-                           QStringLiteral("The swap file %1 cannot be read: %2")
-                               .arg(QDir::toNativeSeparators(m_swapFile), error.Description()));
+        fail(error.Number(), error.Description());
     }
+    units->SetIncrement(CVector<CUnit>::DefaultIncrement);
     m_units = std::move(units);
     m_arrows = std::move(arrows);
 }
@@ -277,8 +331,14 @@ void CMap::SaveTo(COutputStream& stream)
 
 void CMap::RestoreFrom(CInputStream& stream)
 {
-    CTraceScope scope("RestoreFrom", "CMap");
     CRecordReader in(stream, "CMap.RestoreFrom");
+    RestoreFrom(in);
+}
+
+void CMap::RestoreFrom(CRecordReader& in)
+{
+    CTraceScope scope("RestoreFrom", "CMap");
+    CRecordReader::Section section(in, "CMap.RestoreFrom");
     in.Version(QStringLiteral("map"), 1, RecordVersion);
     QString name = in.SmallString();
     QString remarks = in.SmallString();
@@ -287,6 +347,8 @@ void CMap::RestoreFrom(CInputStream& stream)
 
     auto units = std::make_unique<CVector<CUnit>>();
     const std::int32_t unitCount = in.IntegerCount(QStringLiteral("units"), unitEntryBytes);
+    // One growth for the whole list instead of one per ten units.
+    units->SetIncrement(std::max(unitCount, CVector<CUnit>::DefaultIncrement));
     for (std::int32_t i = 0; i < unitCount; ++i) {
         const std::int16_t tokenIndex = in.Integer();
         const QString tokenId = in.SmallString();
@@ -294,7 +356,7 @@ void CMap::RestoreFrom(CInputStream& stream)
         if (!token)
             failUnknownToken("CMap.RestoreFrom", tokenId);
         auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), std::move(token));
-        unit->RestoreFrom(stream);
+        unit->RestoreFrom(in);
         units->AddItem(std::move(unit));
     }
     auto arrows = std::make_unique<CVector<CArrow>>();
@@ -302,10 +364,11 @@ void CMap::RestoreFrom(CInputStream& stream)
         in.IntegerCount(QStringLiteral("arrows"), CArrow::MinimumRecordBytes);
     for (std::int32_t i = 0; i < arrowCount; ++i) {
         auto arrow = std::make_shared<CArrow>(QString());
-        arrow->RestoreFrom(stream);
+        arrow->RestoreFrom(in);
         arrows->AddItem(std::move(arrow));
     }
 
+    units->SetIncrement(CVector<CUnit>::DefaultIncrement);
     m_name = std::move(name);
     m_remarks = std::move(remarks);
     m_text = std::move(text);

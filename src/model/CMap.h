@@ -11,6 +11,7 @@
 
 class CArrow;
 class CInputStream;
+class CRecordReader;
 class COutputStream;
 class CUnit;
 class IToken;
@@ -73,6 +74,7 @@ public:
     // damaged or missing bytes and on a token that cannot be resolved; the
     // map is then unchanged.
     void RestoreFrom(CInputStream& stream);
+    void RestoreFrom(CRecordReader& in);
 
     // The token stored as (index, id): the token at that 1-based position of
     // the active context's list when its id matches, else the one found by

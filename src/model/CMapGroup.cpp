@@ -67,15 +67,21 @@ void CMapGroup::SaveTo(COutputStream& stream)
 
 void CMapGroup::RestoreFrom(CInputStream& stream)
 {
-    CTraceScope scope("RestoreFrom", "CMapGroup");
     CRecordReader in(stream, "CMapGroup.RestoreFrom");
+    RestoreFrom(in);
+}
+
+void CMapGroup::RestoreFrom(CRecordReader& in)
+{
+    CTraceScope scope("RestoreFrom", "CMapGroup");
+    CRecordReader::Section section(in, "CMapGroup.RestoreFrom");
     in.Version(QStringLiteral("map group"), 1, RecordVersion);
     const bool frozen = in.Boolean();
     const std::int32_t count = in.IntegerCount(QStringLiteral("maps"), CMap::MinimumRecordBytes);
     CVector<CMap> maps;
     for (std::int32_t i = 0; i < count; ++i) {
         auto map = std::make_shared<CMap>(CUtility::GenerateId(), m_id);
-        map->RestoreFrom(stream);
+        map->RestoreFrom(in);
         maps.AddItem(std::move(map));
     }
 

@@ -9,6 +9,7 @@
 #include <memory>
 
 class CInputStream;
+class CRecordReader;
 class CMap;
 class COutputStream;
 
@@ -46,6 +47,7 @@ public:
     // the last map becomes active. Fails with a KorvaneError on unknown
     // versions and damaged data; the group then keeps what it had.
     void RestoreFrom(CInputStream& stream);
+    void RestoreFrom(CRecordReader& in);
 
 private:
     QString m_id;

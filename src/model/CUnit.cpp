@@ -29,6 +29,12 @@ void CUnit::SaveTo(COutputStream& stream) const
 void CUnit::RestoreFrom(CInputStream& stream)
 {
     CRecordReader in(stream, "CUnit.RestoreFrom");
+    RestoreFrom(in);
+}
+
+void CUnit::RestoreFrom(CRecordReader& in)
+{
+    CRecordReader::Section section(in, "CUnit.RestoreFrom");
     const std::int16_t version = in.Version(QStringLiteral("unit"), 1, RecordVersion);
     // Everything is read before anything is changed, so a failure leaves the unit as it was.
     QString id = m_id;

@@ -8,6 +8,7 @@
 #include <memory>
 
 class CInputStream;
+class CRecordReader;
 class COutputStream;
 class IToken;
 
@@ -45,6 +46,7 @@ public:
     // Reads a version 1 or 2 record. A stored id replaces the current one.
     // Fails with a KorvaneError on unknown versions and on missing bytes.
     void RestoreFrom(CInputStream& stream);
+    void RestoreFrom(CRecordReader& in);
 
 private:
     QString m_id;

@@ -92,34 +92,21 @@ TEST_F(GameModel, lookupMissesWriteTheirTraceLines)
     EXPECT_EQ(m3->UnitById(id), nullptr);
     EXPECT_EQ(m3->ArrowById(id), nullptr);
 
-    const QString enter = QStringLiteral("[Enter Method] %1 >>>");
-    const QString exit = QStringLiteral("<<<[Exit Method]");
-    EXPECT_EQ(traceLines(), (QStringList{enter.arg(QStringLiteral("CMapGroup.MapById")),
-                                         QStringLiteral("Map Not Found Id = ") + m1->Id(),
-                                         exit,
-                                         enter.arg(QStringLiteral("CMapGroup.MapById")),
-                                         QStringLiteral("Map Not Found Id = ") + m1->Id(),
-                                         exit,
-                                         enter.arg(QStringLiteral("CGame.GroupById")),
-                                         QStringLiteral("Group Not Found Id = 0123"),
-                                         exit,
-                                         enter.arg(QStringLiteral("CGame.TokenById")),
-                                         QStringLiteral("Token Not Found Id = 0123"),
-                                         exit,
-                                         enter.arg(QStringLiteral("CMap.UnitById")),
-                                         QStringLiteral("Map Not Locked Id = ") + m1->Id(),
-                                         exit,
-                                         enter.arg(QStringLiteral("CMap.ArrowById")),
-                                         QStringLiteral("Map Not Locked Id = ") + m1->Id(),
-                                         exit,
-                                         enter.arg(QStringLiteral("CMap.UnitById")),
-                                         QStringLiteral("MapId = ") + m3->Id(),
-                                         QStringLiteral("Unit Not Found Id = 0123"),
-                                         exit,
-                                         enter.arg(QStringLiteral("CMap.ArrowById")),
-                                         QStringLiteral("MapId = ") + m3->Id(),
-                                         QStringLiteral("Arrow Not Found Id = 0123"),
-                                         exit}));
+    // One traced miss: its entry line, the lines it notes, its exit line.
+    const auto miss = [](const char* method, const QStringList& noted) {
+        return QStringList{QStringLiteral("[Enter Method] %1 >>>").arg(QLatin1String(method))} +
+               noted + QStringList{QStringLiteral("<<<[Exit Method]")};
+    };
+    const QString mapNotFound = QStringLiteral("Map Not Found Id = ") + m1->Id();
+    const QString notLocked = QStringLiteral("Map Not Locked Id = ") + m1->Id();
+    const QString mapId = QStringLiteral("MapId = ") + m3->Id();
+    EXPECT_EQ(traceLines(),
+              miss("CMapGroup.MapById", {mapNotFound}) + miss("CMapGroup.MapById", {mapNotFound}) +
+                  miss("CGame.GroupById", {QStringLiteral("Group Not Found Id = 0123")}) +
+                  miss("CGame.TokenById", {QStringLiteral("Token Not Found Id = 0123")}) +
+                  miss("CMap.UnitById", {notLocked}) + miss("CMap.ArrowById", {notLocked}) +
+                  miss("CMap.UnitById", {mapId, QStringLiteral("Unit Not Found Id = 0123")}) +
+                  miss("CMap.ArrowById", {mapId, QStringLiteral("Arrow Not Found Id = 0123")}));
 }
 
 TEST_F(GameModel, tokenLookupWithoutAContextAnswersNothing)

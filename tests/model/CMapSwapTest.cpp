@@ -87,10 +87,8 @@ TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
     EXPECT_EQ(c->Units(), nullptr);
     c->AquireLock();
     EXPECT_NE(c->Units(), nullptr);
-}
 
-TEST_F(MapSwap, switchingToTheActiveMapChangesNothing)
-{
+    // Switching to the active map neither locks nor releases it.
     group->SwitchTo(a);
     EXPECT_EQ(a->LockCount(), 1);
     EXPECT_FALSE(a->SwappedOut());
@@ -139,6 +137,26 @@ TEST_F(MapSwap, aSwapFileThatCannotBeWrittenKeepsTheMapLockedWithItsUnits)
     EXPECT_EQ(a->LockCount(), 1);
     EXPECT_FALSE(a->SwappedOut());
     EXPECT_EQ(contents(*a), before);
+}
+
+TEST_F(MapSwap, swapFilesServeOnlyTheModuleThatWroteThem)
+{
+    group->SwitchTo(b);
+    // Another module with the same counters in the same places still differs.
+    auto other = std::make_shared<TestContext>(QStringLiteral("x"), QStringLiteral("krm_other_v1"));
+    for (const auto& t : context->Tokens())
+        other->AddToken(t->Class(), t->Id());
+    Root().SetContext(other);
+    EXPECT_THROW(group->SwitchTo(a), KorvaneError);
+    EXPECT_EQ(group->ActiveMap(), b);
+
+    // Units cannot be swapped out with no module to name their counters.
+    Root().SetContext(context);
+    group->SwitchTo(a);
+    Root().SetContext(nullptr);
+    EXPECT_THROW(group->SwitchTo(c), KorvaneError);
+    EXPECT_EQ(a->LockCount(), 1);
+    EXPECT_EQ(a->Units()->Count(), 4);
 }
 
 TEST_F(MapSwap, swapFilesAreRemovedWithTheirMapAndAtShutDown)

@@ -77,22 +77,16 @@ protected:
     // Every unit and arrow of a locked map, one line each, in list order.
     static QStringList contents(const CMap& map)
     {
+        const auto n = [](std::int32_t v) { return QString::number(v); };
         QStringList lines;
         for (const auto& u : *map.Units())
-            lines << QStringLiteral("U %1 %2 %3,%4 [%5] [%6] %7")
-                         .arg(u->Id(), u->Token()->Id())
-                         .arg(u->x())
-                         .arg(u->y())
-                         .arg(u->Caption(), u->Data())
-                         .arg(u->HasMoved());
+            lines << QStringList{u->Id(),      u->Token()->Id(), n(u->x()),       n(u->y()),
+                                 u->Caption(), u->Data(),        n(u->HasMoved())}
+                         .join(QLatin1Char('|'));
         for (const auto& a : *map.Arrows())
-            lines << QStringLiteral("A %1 %2 %3 %4 %5 %6")
-                         .arg(a->Id())
-                         .arg(a->HeadX())
-                         .arg(a->HeadY())
-                         .arg(a->TailX())
-                         .arg(a->TailY())
-                         .arg(a->Color());
+            lines << QStringList{a->Id(),       n(a->HeadX()), n(a->HeadY()),
+                                 n(a->TailX()), n(a->TailY()), n(a->Color())}
+                         .join(QLatin1Char('|'));
         return lines;
     }
 

@@ -3,7 +3,9 @@
 #include "tokens/CTokenFactory.h"
 #include "tokens/IToken.h"
 
-TestContext::TestContext(QString prefix) : m_prefix(std::move(prefix)) {}
+TestContext::TestContext(QString prefix, QString id)
+    : m_prefix(std::move(prefix)), m_id(std::move(id))
+{}
 
 std::shared_ptr<IToken> TestContext::AddToken(const QString& className, const QString& id)
 {

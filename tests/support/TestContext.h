@@ -9,13 +9,14 @@
 class TestContext : public IGameContext
 {
 public:
-    explicit TestContext(QString prefix = QStringLiteral("x"));
+    explicit TestContext(QString prefix = QStringLiteral("x"),
+                         QString id = QStringLiteral("krm_test_v1"));
 
     // Appends a token made by class name, its index being its position.
     std::shared_ptr<IToken> AddToken(const QString& className, const QString& id);
     CVector<IToken>& TokenList() { return m_tokens; }
 
-    QString Id() const override { return QStringLiteral("krm_test_v1"); }
+    QString Id() const override { return m_id; }
     QString Caption() const override { return QStringLiteral("Test"); }
     QImage Picture() const override { return QImage(); }
     QString FontName() const override { return QStringLiteral("Sans"); }
@@ -46,6 +47,7 @@ public:
 
 private:
     QString m_prefix;
+    QString m_id;
     CVector<IToken> m_tokens;
     CVector<IActionTool> m_tools;
     CVector<IAction> m_actions;
