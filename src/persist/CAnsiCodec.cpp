@@ -1,6 +1,8 @@
 #include "CAnsiCodec.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -36,13 +38,41 @@ QByteArray CAnsiCodec::Encode(QStringView text)
 
 void CAnsiCodec::EncodeInto(QStringView text, unsigned char* destination)
 {
-    const QChar* in = text.data();
-    for (qsizetype i = 0; i < text.size(); ++i)
-        destination[i] = static_cast<unsigned char>(encodeOne(in[i].unicode()));
+    const char16_t* in = text.utf16();
+    const qsizetype n = text.size();
+    qsizetype i = 0;
+    // Four characters at a time while they are plain ASCII, the usual case.
+    for (; i + 4 <= n; i += 4) {
+        std::uint64_t four;
+        std::memcpy(&four, in + i, sizeof four);
+        if (four & 0xFF80FF80FF80FF80ull)
+            break;
+        destination[i] = static_cast<unsigned char>(four);
+        destination[i + 1] = static_cast<unsigned char>(four >> 16);
+        destination[i + 2] = static_cast<unsigned char>(four >> 32);
+        destination[i + 3] = static_cast<unsigned char>(four >> 48);
+    }
+    for (; i < n; ++i)
+        destination[i] = static_cast<unsigned char>(encodeOne(in[i]));
 }
 
 QString CAnsiCodec::Decode(const unsigned char* bytes, qsizetype length)
 {
+    // Without bytes in 0x80..0x9F the code page agrees with Latin-1. Eight
+    // bytes are tested at a time: a byte b is in that range when
+    // (b & 0xE0) ^ 0x80 is zero.
+    bool latin1 = true;
+    qsizetype tested = 0;
+    for (; latin1 && tested + 8 <= length; tested += 8) {
+        std::uint64_t eight;
+        std::memcpy(&eight, bytes + tested, sizeof eight);
+        const std::uint64_t v = (eight & 0xE0E0E0E0E0E0E0E0ull) ^ 0x8080808080808080ull;
+        latin1 = ((v - 0x0101010101010101ull) & ~v & 0x8080808080808080ull) == 0;
+    }
+    for (; latin1 && tested < length; ++tested)
+        latin1 = (bytes[tested] & 0xE0) != 0x80;
+    if (latin1)
+        return QString::fromLatin1(reinterpret_cast<const char*>(bytes), length);
     QString text(length, Qt::Uninitialized);
     QChar* out = text.data();
     for (qsizetype i = 0; i < length; ++i) {
