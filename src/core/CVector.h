@@ -13,8 +13,7 @@
 // The program's one list type: 1-based, one shared reference per occupied
 // slot, capacity grown by Increment. Errors are KorvaneError number 1 with
 // source "CVector." + operation; a raising operation changes nothing.
-template <typename T>
-class CVector
+template <typename T> class CVector
 {
 public:
     using Pointer = std::shared_ptr<T>;
@@ -24,8 +23,21 @@ public:
     CVector() : m_slots(DefaultIncrement) {}
     CVector(const CVector&) = delete;
     CVector& operator=(const CVector&) = delete;
-    CVector(CVector&&) noexcept = default;
-    CVector& operator=(CVector&&) noexcept = default;
+    // A moved-from vector is empty (its count goes with the slots).
+    CVector(CVector&& other) noexcept
+        : m_slots(std::move(other.m_slots)), m_count(std::exchange(other.m_count, 0)),
+          m_increment(other.m_increment)
+    {}
+    CVector& operator=(CVector&& other) noexcept
+    {
+        if (this != &other) {
+            releaseFromTop();
+            m_slots = std::move(other.m_slots);
+            m_count = std::exchange(other.m_count, 0);
+            m_increment = other.m_increment;
+        }
+        return *this;
+    }
     ~CVector() { releaseFromTop(); }
 
     const Pointer& Item(std::int32_t index) const

@@ -1,0 +1,131 @@
+#include "model/ModelTestSupport.h"
+
+#include "core/CDebug.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class GameModel : public ModelFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModelFixture::SetUp();
+        game = std::make_shared<CGame>(CUtility::GenerateId());
+        for (int i = 0; i < 3; ++i) {
+            groups[i] = std::make_shared<CMapGroup>(CUtility::GenerateId());
+            game->MapGroups().AddItem(groups[i]);
+        }
+        m1 = addMap(*groups[0]);
+        m2 = addMap(*groups[0]);
+        m3 = addMap(*groups[1]);
+    }
+
+    // The trace lines written since tracing was switched on, without indentation.
+    QStringList traceLines() const
+    {
+        QStringList lines = QString::fromUtf8(home.ReadFile(QStringLiteral("debug.txt")))
+                                .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (QString& line : lines)
+            line = line.trimmed();
+        lines.removeFirst(); // "[Debug Enabled]"
+        return lines;
+    }
+
+    std::shared_ptr<CGame> game;
+    std::shared_ptr<CMapGroup> groups[3];
+    std::shared_ptr<CMap> m1, m2, m3;
+};
+
+TEST_F(GameModel, lookupsSearchEveryGroup)
+{
+    EXPECT_EQ(game->MapById(m1->Id()), m1);
+    EXPECT_EQ(game->MapById(m3->Id()), m3);
+    EXPECT_EQ(game->GroupByMapId(m2->Id()), groups[0]);
+    EXPECT_EQ(game->GroupByMapId(m3->Id()), groups[1]);
+    EXPECT_EQ(game->GroupByMapId(QStringLiteral("nope")), nullptr);
+    EXPECT_EQ(game->GroupById(groups[2]->Id()), groups[2]);
+    EXPECT_EQ(game->TokenById(QStringLiteral("MARK")), token(QStringLiteral("MARK")));
+    EXPECT_EQ(game->GetMapCount(), 3);
+}
+
+TEST_F(GameModel, switchingGroupsActivatesTheLastMapAndLeavesTheOldGroupAlone)
+{
+    game->SwitchTo(groups[0]);
+    EXPECT_EQ(game->ActiveMapGroup(), groups[0]);
+    EXPECT_EQ(groups[0]->ActiveMap(), m2);
+    EXPECT_EQ(m2->LockCount(), 1);
+    EXPECT_EQ(m1->LockCount(), 0);
+
+    game->SwitchTo(groups[1]);
+    EXPECT_EQ(groups[1]->ActiveMap(), m3);
+    EXPECT_EQ(groups[0]->ActiveMap(), m2) << "the previous group keeps its active map";
+    EXPECT_EQ(m2->LockCount(), 1) << "and its lock";
+
+    // A group without maps becomes active with no active map.
+    game->SwitchTo(groups[2]);
+    EXPECT_EQ(game->ActiveMapGroup(), groups[2]);
+    EXPECT_EQ(groups[2]->ActiveMap(), nullptr);
+
+    // Back to a group that already has an active map: that map stays.
+    groups[0]->SwitchTo(m1);
+    game->SwitchTo(groups[0]);
+    EXPECT_EQ(groups[0]->ActiveMap(), m2);
+    EXPECT_EQ(m1->LockCount(), 0);
+    EXPECT_EQ(m2->LockCount(), 1);
+}
+
+TEST_F(GameModel, lookupMissesWriteTheirTraceLines)
+{
+    game->SwitchTo(groups[1]);
+    Root().Trace().SetEnabled(true);
+    const QString id = QStringLiteral("0123");
+
+    // Searching for m1 asks the groups from the last: two misses before the find.
+    EXPECT_EQ(game->MapById(m1->Id()), m1);
+    EXPECT_EQ(game->GroupById(id), nullptr);
+    EXPECT_EQ(game->GroupByMapId(id), nullptr);
+    EXPECT_EQ(game->TokenById(id), nullptr);
+    EXPECT_EQ(m1->UnitById(id), nullptr);
+    EXPECT_EQ(m1->ArrowById(id), nullptr);
+    EXPECT_EQ(m3->UnitById(id), nullptr);
+    EXPECT_EQ(m3->ArrowById(id), nullptr);
+
+    const QString enter = QStringLiteral("[Enter Method] %1 >>>");
+    const QString exit = QStringLiteral("<<<[Exit Method]");
+    EXPECT_EQ(traceLines(), (QStringList{enter.arg(QStringLiteral("CMapGroup.MapById")),
+                                         QStringLiteral("Map Not Found Id = ") + m1->Id(),
+                                         exit,
+                                         enter.arg(QStringLiteral("CMapGroup.MapById")),
+                                         QStringLiteral("Map Not Found Id = ") + m1->Id(),
+                                         exit,
+                                         enter.arg(QStringLiteral("CGame.GroupById")),
+                                         QStringLiteral("Group Not Found Id = 0123"),
+                                         exit,
+                                         enter.arg(QStringLiteral("CGame.TokenById")),
+                                         QStringLiteral("Token Not Found Id = 0123"),
+                                         exit,
+                                         enter.arg(QStringLiteral("CMap.UnitById")),
+                                         QStringLiteral("Map Not Locked Id = ") + m1->Id(),
+                                         exit,
+                                         enter.arg(QStringLiteral("CMap.ArrowById")),
+                                         QStringLiteral("Map Not Locked Id = ") + m1->Id(),
+                                         exit,
+                                         enter.arg(QStringLiteral("CMap.UnitById")),
+                                         QStringLiteral("MapId = ") + m3->Id(),
+                                         QStringLiteral("Unit Not Found Id = 0123"),
+                                         exit,
+                                         enter.arg(QStringLiteral("CMap.ArrowById")),
+                                         QStringLiteral("MapId = ") + m3->Id(),
+                                         QStringLiteral("Arrow Not Found Id = 0123"),
+                                         exit}));
+}
+
+TEST_F(GameModel, tokenLookupWithoutAContextAnswersNothing)
+{
+    Root().SetContext(nullptr);
+    EXPECT_EQ(game->TokenById(QStringLiteral("INF")), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,175 @@
+#include "model/ModelTestSupport.h"
+
+#include "core/KorvaneError.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class MapSwap : public ModelFixture
+{
+protected:
+    void SetUp() override
+    {
+        ModelFixture::SetUp();
+        group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+        a = addMap(*group, QStringLiteral("A"));
+        b = addMap(*group, QStringLiteral("B"));
+        c = addMap(*group, QStringLiteral("C"));
+        group->SwitchTo(a);
+        addUnit(*a, QStringLiteral("INF"), 10, 20, QStringLiteral("x3"), QStringLiteral("3"));
+        addUnit(*a, QStringLiteral("ARROW"), -5, 7000, QString(), QString(), true);
+        addUnit(*a, QStringLiteral("TANK"), 1, 2, QStringLiteral("Panzer \xe9"), QString());
+        addUnit(*a, QStringLiteral("MARK"), 3, 4, QStringLiteral("x0"), QStringLiteral("0"));
+        addArrow(*a, 100, 0xFF00FF);
+        addArrow(*a, 200, 65535);
+    }
+
+    std::shared_ptr<CMapGroup> group;
+    std::shared_ptr<CMap> a, b, c;
+};
+
+TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsAndOrderAcrossSwitches)
+{
+    const QStringList aBefore = contents(*a);
+    group->SwitchTo(b);
+    addUnit(*b, QStringLiteral("TANK"), 9, 9, QStringLiteral("b"), QString());
+    const QStringList bBefore = contents(*b);
+
+    EXPECT_EQ(a->LockCount(), 0);
+    EXPECT_TRUE(a->SwappedOut());
+    EXPECT_EQ(a->Units(), nullptr);
+    EXPECT_EQ(a->Arrows(), nullptr);
+    EXPECT_TRUE(QFile::exists(a->SwapFile()));
+    EXPECT_EQ(QFileInfo(a->SwapFile()).path() + QLatin1Char('/'), CUtility::GetCacheDir());
+
+    group->SwitchTo(c);
+    group->SwitchTo(a);
+    EXPECT_EQ(contents(*a), aBefore);
+    group->SwitchTo(b);
+    EXPECT_EQ(contents(*b), bBefore);
+
+    // A smaller content written over a larger swap file leaves nothing stale behind.
+    group->SwitchTo(a);
+    a->Units()->DeleteItem(1);
+    a->Units()->DeleteItem(1);
+    a->Arrows()->Clear();
+    const QStringList aSmaller = contents(*a);
+    group->SwitchTo(c);
+    group->SwitchTo(a);
+    EXPECT_EQ(contents(*a), aSmaller);
+    EXPECT_EQ(a->Units()->Count(), 2);
+}
+
+TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
+{
+    // A new map's list exists but is not handed out before a lock.
+    EXPECT_EQ(b->Units(), nullptr);
+    EXPECT_EQ(b->Arrows(), nullptr);
+    b->AquireLock();
+    b->AquireLock();
+    ASSERT_NE(b->Units(), nullptr);
+    addUnit(*b, QStringLiteral("TANK"), 1, 1, QString(), QString());
+    b->ReleaseLock();
+    EXPECT_FALSE(b->SwappedOut()) << "only the last release swaps out";
+    EXPECT_EQ(b->Units()->Count(), 1);
+    b->ReleaseLock();
+    EXPECT_TRUE(b->SwappedOut());
+
+    // A release without a lock goes below zero and needs extra locks to undo.
+    c->ReleaseLock();
+    EXPECT_EQ(c->LockCount(), -1);
+    EXPECT_FALSE(c->SwappedOut());
+    c->AquireLock();
+    EXPECT_EQ(c->Units(), nullptr);
+    c->AquireLock();
+    EXPECT_NE(c->Units(), nullptr);
+}
+
+TEST_F(MapSwap, switchingToTheActiveMapChangesNothing)
+{
+    group->SwitchTo(a);
+    EXPECT_EQ(a->LockCount(), 1);
+    EXPECT_FALSE(a->SwappedOut());
+    EXPECT_FALSE(QFile::exists(a->SwapFile()));
+}
+
+TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
+{
+    group->SwitchTo(b);
+    group->SwitchTo(c);
+    QFile::remove(b->SwapFile());
+    try {
+        group->SwitchTo(b);
+        FAIL() << "switching to a map without its swap file must fail";
+    } catch (const KorvaneError& error) {
+        EXPECT_TRUE(error.Description().contains(QFileInfo(b->SwapFile()).fileName()));
+    }
+    EXPECT_EQ(group->ActiveMap(), c);
+    EXPECT_EQ(c->LockCount(), 1);
+    EXPECT_EQ(b->LockCount(), 0);
+    EXPECT_TRUE(b->SwappedOut());
+
+    // A damaged swap file fails the same way instead of producing junk units.
+    group->SwitchTo(a);
+    group->SwitchTo(c);
+    QFile file(a->SwapFile());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.resize(file.size() / 2);
+    file.close();
+    EXPECT_THROW(a->AquireLock(), KorvaneError);
+    EXPECT_EQ(a->LockCount(), 0);
+    EXPECT_EQ(a->Units(), nullptr);
+}
+
+TEST_F(MapSwap, aSwapFileThatCannotBeWrittenKeepsTheMapLockedWithItsUnits)
+{
+    // A plain file where the cache directory should be.
+    home.WriteFile(QStringLiteral("cache"), "not a directory");
+    const QStringList before = contents(*a);
+    try {
+        a->ReleaseLock();
+        FAIL() << "the swap file cannot be written";
+    } catch (const KorvaneError& error) {
+        EXPECT_TRUE(error.Description().contains(QFileInfo(a->SwapFile()).fileName()));
+    }
+    EXPECT_EQ(a->LockCount(), 1);
+    EXPECT_FALSE(a->SwappedOut());
+    EXPECT_EQ(contents(*a), before);
+}
+
+TEST_F(MapSwap, swapFilesAreRemovedWithTheirMapAndAtShutDown)
+{
+    // Files that are not this program's swap files must survive.
+    home.WriteFile(QStringLiteral("cache/0123456789ABCDEF0123456789ABCDEF.tmp"), "other copy");
+    home.WriteFile(QStringLiteral("cache/board.png"), "picture");
+
+    auto game = std::make_shared<CGame>(CUtility::GenerateId());
+    game->MapGroups().AddItem(group);
+    group->SwitchTo(b);
+    group->SwitchTo(c);
+    const QString aFile = a->SwapFile();
+    const QString bFile = b->SwapFile();
+    ASSERT_TRUE(QFile::exists(aFile));
+    ASSERT_TRUE(QFile::exists(bFile));
+
+    // Dropping the game drops its maps; map b is still held here.
+    Root().SetGame(game);
+    game.reset();
+    group->Maps().RemoveItem(b);
+    a.reset();
+    group.reset();
+    Root().SetGame(nullptr);
+    EXPECT_FALSE(QFile::exists(aFile));
+    EXPECT_TRUE(QFile::exists(bFile));
+
+    ReleaseRoot();
+    EXPECT_FALSE(QFile::exists(bFile));
+    EXPECT_EQ(cacheFiles(), (QStringList{QStringLiteral("0123456789ABCDEF0123456789ABCDEF.tmp"),
+                                         QStringLiteral("board.png")}));
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#pragma once
+
+#include "core/CKorvane.h"
+#include "core/CUtility.h"
+#include "model/CArrow.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "model/CUnit.h"
+#include "persist/CInputStream.h"
+#include "persist/COutputStream.h"
+#include "support/RootFixture.h"
+#include "support/TestContext.h"
+#include "tokens/IToken.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QStringList>
+
+// A root with an active test context holding a quantity, an empty, an arrow,
+// a numeric and a second empty token (at indexes 1 to 5).
+class ModelFixture : public RootFixture
+{
+protected:
+    void SetUp() override
+    {
+        RootFixture::SetUp();
+        context = std::make_shared<TestContext>();
+        context->AddToken(QStringLiteral("CQuantityToken"), QStringLiteral("INF"));
+        context->AddToken(QStringLiteral("CEmptyToken"), QStringLiteral("TANK"));
+        context->AddToken(QStringLiteral("CArrowToken"), QStringLiteral("ARROW"));
+        context->AddToken(QStringLiteral("CNumericToken"), QStringLiteral("MARK"));
+        context->AddToken(QStringLiteral("CEmptyToken"), QStringLiteral("NEINF"));
+        Root().SetContext(context);
+    }
+
+    std::shared_ptr<IToken> token(const QString& id) const
+    {
+        return context->Tokens().Item(CUtility::SearchById(context->Tokens(), id));
+    }
+
+    static std::shared_ptr<CMap> addMap(CMapGroup& group, const QString& name = QString())
+    {
+        auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
+        map->SetName(name);
+        group.Maps().AddItem(map);
+        return map;
+    }
+
+    // The map must be locked.
+    std::shared_ptr<CUnit> addUnit(CMap& map, const QString& tokenId, std::int32_t x,
+                                   std::int32_t y, const QString& caption, const QString& data,
+                                   bool moved = false) const
+    {
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), token(tokenId));
+        unit->SetX(x);
+        unit->SetY(y);
+        unit->SetCaption(caption);
+        unit->SetData(data);
+        unit->SetHasMoved(moved);
+        map.Units()->AddItem(unit);
+        return unit;
+    }
+
+    static std::shared_ptr<CArrow> addArrow(CMap& map, std::int32_t headX, std::int32_t color)
+    {
+        auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+        arrow->SetHeadX(headX);
+        arrow->SetHeadY(headX + 1);
+        arrow->SetTailX(-headX);
+        arrow->SetTailY(7);
+        arrow->SetColor(color);
+        map.Arrows()->AddItem(arrow);
+        return arrow;
+    }
+
+    // Every unit and arrow of a locked map, one line each, in list order.
+    static QStringList contents(const CMap& map)
+    {
+        QStringList lines;
+        for (const auto& u : *map.Units())
+            lines << QStringLiteral("U %1 %2 %3,%4 [%5] [%6] %7")
+                         .arg(u->Id(), u->Token()->Id())
+                         .arg(u->x())
+                         .arg(u->y())
+                         .arg(u->Caption(), u->Data())
+                         .arg(u->HasMoved());
+        for (const auto& a : *map.Arrows())
+            lines << QStringLiteral("A %1 %2 %3 %4 %5 %6")
+                         .arg(a->Id())
+                         .arg(a->HeadX())
+                         .arg(a->HeadY())
+                         .arg(a->TailX())
+                         .arg(a->TailY())
+                         .arg(a->Color());
+        return lines;
+    }
+
+    static QByteArray bytesOf(const COutputStream& stream)
+    {
+        return QByteArray(reinterpret_cast<const char*>(stream.Address()), stream.Offset());
+    }
+
+    // The names of the files in the cache directory.
+    static QStringList cacheFiles()
+    {
+        return QDir(CUtility::GetCacheDir()).entryList(QDir::Files, QDir::Name);
+    }
+
+    std::shared_ptr<TestContext> context;
+};
+
+// Builds raw record bytes field by field, for hand-made and damaged data.
+class Bytes
+{
+public:
+    Bytes& i16(std::int16_t v) { return raw(&v, 2); }
+    Bytes& i32(std::int32_t v) { return raw(&v, 4); }
+    Bytes& small(const QByteArray& s)
+    {
+        m_data.append(static_cast<char>(s.size()));
+        m_data.append(s);
+        return *this;
+    }
+    Bytes& text(const QByteArray& s)
+    {
+        i16(static_cast<std::int16_t>(s.size()));
+        m_data.append(s);
+        return *this;
+    }
+    Bytes& append(const QByteArray& more)
+    {
+        m_data.append(more);
+        return *this;
+    }
+    const QByteArray& data() const { return m_data; }
+    CInputStream stream() const { return CInputStream::FromBytes(m_data); }
+
+private:
+    Bytes& raw(const void* p, int n)
+    {
+        m_data.append(static_cast<const char*>(p), n);
+        return *this;
+    }
+    QByteArray m_data;
+};

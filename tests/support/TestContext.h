@@ -1,0 +1,52 @@
+#pragma once
+
+#include "contexts/IGameContext.h"
+
+#include <QString>
+
+// A game context with nothing but a token list and a multiplier prefix, for
+// tests of the model and the tokens.
+class TestContext : public IGameContext
+{
+public:
+    explicit TestContext(QString prefix = QStringLiteral("x"));
+
+    // Appends a token made by class name, its index being its position.
+    std::shared_ptr<IToken> AddToken(const QString& className, const QString& id);
+    CVector<IToken>& TokenList() { return m_tokens; }
+
+    QString Id() const override { return QStringLiteral("krm_test_v1"); }
+    QString Caption() const override { return QStringLiteral("Test"); }
+    QImage Picture() const override { return QImage(); }
+    QString FontName() const override { return QStringLiteral("Sans"); }
+    double FontSize() const override { return 8; }
+    bool HasTransparentLabel() const override { return false; }
+    QString MultiplierPrefix() const override { return m_prefix; }
+    std::int32_t LabelForeColor() const override { return 0; }
+    std::int32_t LabelBackColor() const override { return 0xFFFFFF; }
+    std::int32_t LabelMovedColor() const override { return 0xFF; }
+    QString FileExtension() const override { return QStringLiteral("krf"); }
+    QString FileCaption() const override { return QStringLiteral("Test Games"); }
+    void Initialize(std::shared_ptr<CModuleDefinition>, std::shared_ptr<CResFileMgr>) override {}
+    void Activate(IProgressMonitor*) override {}
+    void Deactivate() override {}
+    void Dispose() override {}
+    std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
+    QImage MapPicture() const override { return QImage(); }
+    std::int32_t MapWidth() const override { return 800; }
+    std::int32_t MapHeight() const override { return 600; }
+    std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
+    std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
+    bool IsUserDefined() const override { return false; }
+    std::shared_ptr<CImageList> UnitImgLst() const override { return nullptr; }
+    const CVector<IToken>& Tokens() const override { return m_tokens; }
+    const CVector<IActionTool>& CustomTools() const override { return m_tools; }
+    const CVector<IAction>& CustomActions() const override { return m_actions; }
+    QString Url() const override { return QString(); }
+
+private:
+    QString m_prefix;
+    CVector<IToken> m_tokens;
+    CVector<IActionTool> m_tools;
+    CVector<IAction> m_actions;
+};

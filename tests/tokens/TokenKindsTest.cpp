@@ -1,0 +1,122 @@
+#include "core/CKorvane.h"
+#include "support/RootFixture.h"
+#include "support/TestContext.h"
+#include "tokens/CArrowToken.h"
+#include "tokens/CEmptyToken.h"
+#include "tokens/CTextToken.h"
+#include "tokens/CTokenFactory.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::shared_ptr<IToken> make(const QString& kind, std::int32_t width = 40, std::int32_t height = 30,
+                             std::int32_t left = -1, std::int32_t top = -1,
+                             std::int32_t regionWidth = -1, std::int32_t regionHeight = -1)
+{
+    return CTokenFactory::Create(kind, QStringLiteral("T1"), 7, QStringLiteral("Cat"),
+                                 QStringLiteral("Cap"), QStringLiteral("img"), width, height, left,
+                                 top, regionWidth, regionHeight);
+}
+
+QString region(const IToken& token)
+{
+    return QStringLiteral("%1,%2,%3,%4")
+        .arg(token.RegionLeft())
+        .arg(token.RegionTop())
+        .arg(token.RegionWidth())
+        .arg(token.RegionHeight());
+}
+
+// Class, default data, default caption (no context), move-onto, persisted id, the three images.
+QString answers(const IToken& t)
+{
+    return QStringList{t.Class(),
+                       t.DefaultData(),
+                       t.DefaultCaption(),
+                       t.ShownInPallet() ? QStringLiteral("pallet") : QStringLiteral("-"),
+                       t.SupportsMoveOnto() ? QStringLiteral("onto") : QStringLiteral("-"),
+                       t.PersistId() ? QStringLiteral("keep") : QStringLiteral("-"),
+                       t.PalletImage(),
+                       t.DragImage(),
+                       t.UnitImage()}
+        .join(QLatin1Char('|'));
+}
+
+TEST(TokenKinds, eachKindGivesItsOwnConstantAnswers)
+{
+    EXPECT_EQ(answers(*make(QStringLiteral("CEmptyToken"))),
+              QStringLiteral("CEmptyToken|||pallet|-|-|img|img|img"));
+    EXPECT_EQ(answers(*make(QStringLiteral("CQuantityToken"))),
+              QStringLiteral("CQuantityToken|1|x1|pallet|onto|-|img|img|img"));
+    EXPECT_EQ(answers(*make(QStringLiteral("CNumericToken"))),
+              QStringLiteral("CNumericToken|0|x0|pallet|-|-|img|img|img"));
+    EXPECT_EQ(answers(*make(QStringLiteral("CTextToken"))),
+              QStringLiteral("CTextToken||Cap|pallet|-|-|img|img|img"));
+    EXPECT_EQ(answers(*make(QStringLiteral("CArrowToken"))),
+              QStringLiteral("CArrowToken|||pallet|-|keep|img|img|"));
+
+    const auto token = make(QStringLiteral("CEmptyToken"));
+    EXPECT_EQ(token->UniqueId(), QStringLiteral("T1"));
+    EXPECT_EQ(token->Index(), 7);
+    EXPECT_EQ(token->Category(), QStringLiteral("Cat"));
+    EXPECT_EQ(token->Caption(), QStringLiteral("Cap"));
+}
+
+TEST(TokenKinds, theFactoryIgnoresCaseAndFallsBackToTheEmptyToken)
+{
+    EXPECT_EQ(make(QStringLiteral("cquantitytoken"))->Class(), QStringLiteral("CQuantityToken"));
+    EXPECT_EQ(make(QStringLiteral("CARROWTOKEN"))->Class(), QStringLiteral("CArrowToken"));
+    EXPECT_EQ(make(QStringLiteral("cTextToken"))->Class(), QStringLiteral("CTextToken"));
+    EXPECT_NE(std::dynamic_pointer_cast<CEmptyToken>(make(QStringLiteral("CChessToken"))), nullptr);
+    EXPECT_NE(std::dynamic_pointer_cast<CEmptyToken>(make(QString())), nullptr);
+}
+
+TEST(TokenKinds, onlyMinusOneMeansTheDefaultRegion)
+{
+    EXPECT_EQ(region(*make(QStringLiteral("CEmptyToken"))), QStringLiteral("0,0,40,30"));
+    EXPECT_EQ(region(*make(QStringLiteral("CQuantityToken"), 40, 30, 5, 6, 20, 10)),
+              QStringLiteral("5,6,20,10"));
+    EXPECT_EQ(region(*make(QStringLiteral("CNumericToken"), 40, 30, 0, -2, 0, -1)),
+              QStringLiteral("0,-2,0,30"));
+    EXPECT_EQ(region(*make(QStringLiteral("CTextToken"), 40, 30, -1, 3, -1, 4)),
+              QStringLiteral("0,3,40,4"));
+}
+
+TEST(TokenKinds, anArrowTokenHasAnEightPixelSquareCentredInItsImage)
+{
+    EXPECT_EQ(region(*make(QStringLiteral("CArrowToken"), 40, 30)), QStringLiteral("16,11,8,8"));
+    EXPECT_EQ(region(*make(QStringLiteral("CArrowToken"), 9, 9)), QStringLiteral("0,0,8,8"));
+    // Whatever region it was given.
+    EXPECT_EQ(region(*make(QStringLiteral("CArrowToken"), 41, 31, 1, 2, 3, 4)),
+              QStringLiteral("16,11,8,8"));
+    EXPECT_EQ(region(*make(QStringLiteral("CArrowToken"), 4, 5)), QStringLiteral("-2,-1,8,8"));
+}
+
+TEST(TokenKinds, aTextTokenCaptionsNewUnitsWithItsCustomTextWhenItHasOne)
+{
+    CTextToken token(QStringLiteral("N"), 1, QString(), QStringLiteral("Note"), QString(), 10, 10);
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
+    token.SetCustom(QStringLiteral("Supply"));
+    EXPECT_EQ(token.Custom(), QStringLiteral("Supply"));
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Supply"));
+    token.SetCustom(QString());
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
+}
+
+class TokenPrefix : public RootFixture
+{};
+
+TEST_F(TokenPrefix, countedCaptionsUseTheActiveContextsPrefix)
+{
+    const auto quantity = make(QStringLiteral("CQuantityToken"));
+    const auto numeric = make(QStringLiteral("CNumericToken"));
+    EXPECT_EQ(quantity->DefaultCaption(), QStringLiteral("x1")) << "root without a context";
+    Root().SetContext(std::make_shared<TestContext>(QStringLiteral("# ")));
+    EXPECT_EQ(quantity->DefaultCaption(), QStringLiteral("# 1"));
+    EXPECT_EQ(numeric->DefaultCaption(), QStringLiteral("# 0"));
+    Root().SetContext(std::make_shared<TestContext>(QString()));
+    EXPECT_EQ(quantity->DefaultCaption(), QStringLiteral("1"));
+}
+
+} // namespace
