@@ -1,0 +1,128 @@
+#include "CGameFile.h"
+
+#include "core/CKorvane.h"
+#include "core/CTraceScope.h"
+#include "core/CUtility.h"
+#include "core/KorvaneError.h"
+#include "model/CGame.h"
+#include "persist/CInputStream.h"
+#include "persist/COutputStream.h"
+#include "persist/CZlib.h"
+
+#include <QFile>
+
+#include <cstring>
+#include <zlib.h>
+
+namespace {
+
+const char magic[4] = {'K', 'R', '0', '1'};
+
+void setError(QString* error, const QString& text)
+{
+    if (error)
+        *error = text;
+}
+
+} // namespace
+
+QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId)
+{
+    CTraceScope scope("GameToStream", "CGameFile");
+    COutputStream body;
+    game.SaveTo(body);
+    // Trim the body to its content; the header declares that length.
+    body.Resize(body.Offset(), true);
+    const std::int32_t bodyLength = body.Size();
+
+    CZlib zlib;
+    const std::unique_ptr<COutputStream> packed = zlib.Compact(body);
+    if (zlib.LastResult() != Z_OK)
+        throw KorvaneError(7, QStringLiteral("CGameFile.ToBytes"),
+                           QStringLiteral("The game could not be compressed (zlib error %1)")
+                               .arg(zlib.LastResult()));
+
+    COutputStream header;
+    header.Constructor(4 + 1 + 255 + 4);
+    for (const char c : magic)
+        header.WriteByte(static_cast<std::uint8_t>(c));
+    header.WriteSmallString(storedContextId);
+    header.WriteLong(bodyLength);
+
+    const qsizetype headerLength = header.Offset();
+    qsizetype total = headerLength + packed->Size();
+    if (total % 4 != 0)
+        total += 4 - total % 4;
+    QByteArray bytes(total, '\0');
+    std::memcpy(bytes.data(), header.Address(), static_cast<std::size_t>(headerLength));
+    std::memcpy(bytes.data() + headerLength, packed->Address(),
+                static_cast<std::size_t>(packed->Size()));
+    return bytes;
+}
+
+bool CGameFile::ReadHeader(const QByteArray& bytes, Header& header, QString* error)
+{
+    CInputStream in = CInputStream::FromBytes(bytes.left(4 + 1 + 255 + 4));
+    for (const char c : magic) {
+        if (in.ReadByte() != static_cast<std::uint8_t>(c)) {
+            setError(error, QStringLiteral("it is not a Korvane game file"));
+            return false;
+        }
+    }
+    const std::int32_t idLength = in.Remaining() > 0 ? bytes.at(4) & 0xFF : -1;
+    if (idLength < 0 || in.Remaining() < 1 + idLength + 4) {
+        setError(error, QStringLiteral("the file ends inside its header"));
+        return false;
+    }
+    header.StoredContextId = in.ReadSmallString();
+    header.BodyLength = in.ReadLong();
+    header.BodyOffset = in.Offset();
+    return true;
+}
+
+std::shared_ptr<CGame> CGameFile::FromBytes(const QByteArray& bytes, QString* error)
+{
+    CTraceScope scope("FileToGame", "CGameFile");
+    Header header;
+    if (!ReadHeader(bytes, header, error))
+        return nullptr;
+
+    const std::int64_t packedLength = bytes.size() - header.BodyOffset;
+    if (header.BodyLength <= 0 || header.BodyLength > MaximumBodyLength ||
+        header.BodyLength > packedLength * MaximumExpansion) {
+        setError(error, QStringLiteral("its declared body length (%1 bytes) cannot be right")
+                            .arg(header.BodyLength));
+        return nullptr;
+    }
+
+    const CInputStream packed = CInputStream::FromBytes(bytes.mid(header.BodyOffset));
+    CZlib zlib;
+    std::int32_t inflated = header.BodyLength;
+    std::unique_ptr<CInputStream> body = zlib.Decompact(packed, inflated);
+    if (zlib.LastResult() != Z_OK || inflated != header.BodyLength) {
+        setError(error, QStringLiteral("its compressed body is damaged"));
+        return nullptr;
+    }
+
+    auto game = std::make_shared<CGame>(CUtility::GenerateId());
+    try {
+        game->RestoreFrom(*body);
+    } catch (const KorvaneError& failure) {
+        setError(error, failure.Description());
+        return nullptr;
+    }
+    return game;
+}
+
+QString CGameFile::StoredContextIdOfFile(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    CInputStream in = CInputStream::FromBytes(file.read(HeaderProbeLength));
+    for (const char c : magic) {
+        if (in.ReadByte() != static_cast<std::uint8_t>(c))
+            return QString();
+    }
+    return in.ReadSmallString();
+}
