@@ -5,9 +5,12 @@
 #include "core/CConfiguration.h"
 #include "core/CControlHost.h"
 #include "core/CDebug.h"
+#include "core/CGui.h"
 #include "core/CTraceScope.h"
 #include "core/CUtility.h"
 #include "core/IProgressMonitor.h"
+#include "model/CGameEventMgr.h"
+#include "model/CMap.h"
 #include "persist/CZlib.h"
 
 #include <cstdlib>
@@ -81,8 +84,12 @@ void CKorvane::Constructor(IProgressMonitor* progress)
     m_zlib = std::make_unique<CZlib>();
     m_imageListMgr = std::make_unique<CImageListMgr>();
     m_actionMgr = std::make_unique<CActionMgr>();
+    m_eventMgr = std::make_unique<CGameEventMgr>();
 
     CTraceScope scope("Constructor", "CKorvane");
+    // The windows read context information when they load, so they come last.
+    if (m_guiFactory)
+        m_gui = m_guiFactory();
     report(progress, QStringLiteral("Finished..."));
     report(progress, QString());
 }
@@ -111,7 +118,9 @@ void CKorvane::Dispose()
     m_context.reset();
     m_game.reset();
 
-    // Released in the reverse of their creation order.
+    // Released in the reverse of their creation order, the GUI first.
+    m_gui.reset();
+    m_eventMgr.reset();
     m_actionMgr.reset();
     m_imageListMgr.reset();
     m_zlib.reset();
@@ -119,5 +128,8 @@ void CKorvane::Dispose()
     m_trace.reset();
     m_utility.reset();
     m_controls.reset();
+    // Maps delete their swap files when they go; this catches those still
+    // held elsewhere when the program ends.
+    CMap::RemoveLeftoverSwapFiles();
     m_disposed = true;
 }

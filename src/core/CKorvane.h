@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class CActionMgr;
@@ -13,6 +14,8 @@ class CControlHost;
 class CDebug;
 class CGame;
 class CImageListMgr;
+class CGameEventMgr;
+class CGui;
 class IGameContext;
 class CUtility;
 class CZlib;
@@ -23,11 +26,15 @@ class IProgressMonitor;
 class CKorvane
 {
 public:
+    using GuiFactory = std::function<std::unique_ptr<CGui>()>;
+
     CKorvane();
     ~CKorvane();
     CKorvane(const CKorvane&) = delete;
     CKorvane& operator=(const CKorvane&) = delete;
 
+    // Builds the GUI, last of all, when a factory is installed before Constructor.
+    void SetGuiFactory(GuiFactory factory) { m_guiFactory = std::move(factory); }
     void Constructor(IProgressMonitor* progress);
     // Runs the shut-down tasks and releases everything; a second call does nothing.
     void Dispose();
@@ -47,6 +54,9 @@ public:
     CZlib& Zlib() const { return *m_zlib; }
     CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
     CActionMgr& ActionMgr() const { return *m_actionMgr; }
+    CGameEventMgr& EventMgr() const { return *m_eventMgr; }
+    // Null when the program runs without windows.
+    CGui* Gui() const { return m_gui.get(); }
 
     // Null before Constructor and after Dispose.
     CDebug* TracePtr() const { return m_trace.get(); }
@@ -54,7 +64,10 @@ public:
     bool IsDisposed() const { return m_disposed; }
 
     void ExecuteOnShutdown(std::shared_ptr<IShutdownTask> task);
-    std::int32_t ShutdownTaskCount() const { return m_shutdownTasks ? m_shutdownTasks->Count() : 0; }
+    std::int32_t ShutdownTaskCount() const
+    {
+        return m_shutdownTasks ? m_shutdownTasks->Count() : 0;
+    }
 
 private:
     std::unique_ptr<CControlHost> m_controls;
@@ -64,6 +77,9 @@ private:
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CImageListMgr> m_imageListMgr;
     std::unique_ptr<CActionMgr> m_actionMgr;
+    std::unique_ptr<CGameEventMgr> m_eventMgr;
+    GuiFactory m_guiFactory;
+    std::unique_ptr<CGui> m_gui;
     std::unique_ptr<CVector<IShutdownTask>> m_shutdownTasks;
     std::shared_ptr<CGame> m_game;
     std::shared_ptr<IGameContext> m_context;

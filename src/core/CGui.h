@@ -1,0 +1,15 @@
+#pragma once
+
+class FMainMdi;
+
+// The windows and dialogs of the program, created together when the root is
+// constructed. The engine reaches them only through these interfaces; the
+// widget library, the tests and the command-line tool each supply their own.
+class CGui
+{
+public:
+    virtual ~CGui() = default;
+
+    // Null when there is no main window (a program without windows).
+    virtual FMainMdi* MainMdi() = 0;
+};

@@ -1,0 +1,6 @@
+#include "CEmptyToken.h"
+
+QString CEmptyToken::Class() const
+{
+    return QStringLiteral("CEmptyToken");
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "tokens/CTokenBase.h"
+
+// A marker with a value: Data is the number, Caption the prefix plus it.
+class CNumericToken : public CTokenBase
+{
+public:
+    using CTokenBase::CTokenBase;
+
+    QString Class() const override;
+    QString DefaultData() const override;
+    QString DefaultCaption() const override;
+
+    void HandleRightClick(const std::shared_ptr<CUnit>& unit) override;
+};
