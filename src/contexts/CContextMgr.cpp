@@ -126,7 +126,9 @@ void CContextMgr::Constructor(IProgressMonitor* progress)
     CUtility::SortByName(userModules);
 
     // Modules always come before user modules, each part in name order.
-    m_contexts = modules.Clone();
+    m_contexts.Clear();
+    for (const auto& info : modules)
+        m_contexts.AddItem(info);
     for (const auto& info : userModules)
         m_contexts.AddItem(info);
     scope.Denote(QString::number(m_contexts.Count()) + QStringLiteral(" contexts"));

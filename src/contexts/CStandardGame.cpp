@@ -230,6 +230,17 @@ QImage CStandardGame::picture(const QString& entryName)
     return image;
 }
 
+std::shared_ptr<IToken> CStandardGame::CreateToken(const CModuleDefinition::Token& record,
+                                                   std::int16_t index, const QString& category,
+                                                   std::int32_t unitWidth, std::int32_t unitHeight)
+{
+    std::shared_ptr<IToken> token = CTokenFactory::Create(
+        record.Class, record.Id, index, category, record.Caption, record.Id, unitWidth, unitHeight,
+        record.RegionLeft, record.RegionTop, record.RegionWidth, record.RegionHeight);
+    token->SetCustom(record.CustomData);
+    return token;
+}
+
 void CStandardGame::buildTokens(IProgressMonitor* progress)
 {
     const CModuleDefinition& definition = *m_definition;
@@ -237,21 +248,24 @@ void CStandardGame::buildTokens(IProgressMonitor* progress)
     const QString ofCount = QStringLiteral(" of ") + QString::number(count) + QStringLiteral("...");
     for (std::int32_t i = 1; i <= count; ++i) {
         report(progress, QStringLiteral("Loading Token ") + QString::number(i) + ofCount, 0);
-        const QString& id = definition.TokenId(i);
-        std::shared_ptr<IToken> token = CTokenFactory::Create(
-            definition.TokenClass(i), id, static_cast<std::int16_t>(i),
-            definition.Category(definition.TokenCategoryNum(i)), definition.TokenCaption(i), id,
-            definition.UnitWidth(), definition.UnitHeight(), definition.TokenRegionLeft(i),
-            definition.TokenRegionTop(i), definition.TokenRegionWidth(i),
-            definition.TokenRegionHeight(i));
-        token->SetCustom(definition.TokenCustomData(i));
-        m_tokens.AddItem(token);
+        CModuleDefinition::Token record;
+        record.Class = definition.TokenClass(i);
+        record.Id = definition.TokenId(i);
+        record.Caption = definition.TokenCaption(i);
+        record.CustomData = definition.TokenCustomData(i);
+        record.RegionLeft = definition.TokenRegionLeft(i);
+        record.RegionTop = definition.TokenRegionTop(i);
+        record.RegionWidth = definition.TokenRegionWidth(i);
+        record.RegionHeight = definition.TokenRegionHeight(i);
+        m_tokens.AddItem(CreateToken(record, static_cast<std::int16_t>(i),
+                                     definition.Category(definition.TokenCategoryNum(i)),
+                                     definition.UnitWidth(), definition.UnitHeight()));
 
         // Pictures are unpacked once per entry name, however many lists and
         // tokens use them.
-        m_dragList->Add(id, picture(definition.TokenDragFile(i)));
-        m_palletList->Add(id, picture(definition.TokenPalletFile(i)));
-        m_unitList->Add(id, picture(definition.TokenUnitFile(i)));
+        m_dragList->Add(record.Id, picture(definition.TokenDragFile(i)));
+        m_palletList->Add(record.Id, picture(definition.TokenPalletFile(i)));
+        m_unitList->Add(record.Id, picture(definition.TokenUnitFile(i)));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contexts/CModuleDefinition.h"
 #include "contexts/IGameContext.h"
 
 #include <QHash>
@@ -69,6 +70,13 @@ public:
     const CVector<IActionTool>& CustomTools() const override { return m_customTools; }
     const CVector<IAction>& CustomActions() const override { return m_customActions; }
     QString Url() const override;
+
+    // One token of a definition's record: index and category as the context
+    // numbers them, the image key being the token's id. The class name is
+    // matched without regard to case; an unknown one gives a CEmptyToken.
+    static std::shared_ptr<IToken> CreateToken(const CModuleDefinition::Token& record,
+                                               std::int16_t index, const QString& category,
+                                               std::int32_t unitWidth, std::int32_t unitHeight);
 
     bool IsActive() const { return m_active; }
     const std::shared_ptr<CModuleDefinition>& Definition() const { return m_definition; }
