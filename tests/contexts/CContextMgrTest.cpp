@@ -12,8 +12,8 @@
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "core/KorvaneError.h"
-#include "tokens/IToken.h"
 #include "support/TestHome.h"
+#include "tokens/IToken.h"
 
 #include <QDir>
 #include <QRandomGenerator>
