@@ -363,6 +363,7 @@ std::shared_ptr<CGame> CStandardGame::createInitialGame(const QString& entryName
     game->SwitchTo(active);
     return game;
 #else
-    fail("CreateDefaultGame", which + QStringLiteral(" cannot be read by this build"));
+    // Built without the game file reader: new games start empty.
+    return createStartGame();
 #endif
 }
