@@ -13,11 +13,8 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 
-#if __has_include("persist/CGameFile.h")
+#if KORVANE_HAS_GAME_FILE
 #include "persist/CGameFile.h"
-#define KORVANE_HAS_GAME_FILE 1
-#else
-#define KORVANE_HAS_GAME_FILE 0
 #endif
 
 #include <QDir>

@@ -15,11 +15,8 @@
 #include "tokens/CTokenFactory.h"
 #include "tokens/IToken.h"
 
-#if __has_include("persist/CGameFile.h")
+#if KORVANE_HAS_GAME_FILE
 #include "persist/CGameFile.h"
-#define KORVANE_HAS_GAME_FILE 1
-#else
-#define KORVANE_HAS_GAME_FILE 0
 #endif
 
 #include <limits>

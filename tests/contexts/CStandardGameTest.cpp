@@ -17,6 +17,10 @@
 #include "support/RootFixture.h"
 #include "tokens/IToken.h"
 
+#if KORVANE_HAS_GAME_FILE
+#include "persist/CGameFile.h"
+#endif
+
 #include <QFile>
 #include <QRegularExpression>
 
@@ -327,3 +331,64 @@ TEST_F(StandardGameTest, UserDefinedContextsDifferOnlyInTheirFileType)
     EXPECT_EQ(context->Tokens().Count(), 5);
     EXPECT_EQ(context->MultiplierPrefix(), QStringLiteral("x"));
 }
+
+#if KORVANE_HAS_GAME_FILE
+TEST_F(StandardGameTest, DefaultGameFromTheInitialFileGetsAFreshId)
+{
+    // The initial game as a module author writes it: one unit of the module's token.
+    CModuleDefinition::Token record;
+    record.Class = QStringLiteral("CQuantityToken");
+    record.Id = QStringLiteral("counter");
+    const std::shared_ptr<IToken> token =
+        CStandardGame::CreateToken(record, 1, QStringLiteral("Units"), 32, 32);
+    CGame authored(QStringLiteral("0123456789ABCDEF0123456789ABCDEF"));
+    authored.SetName(QStringLiteral("Opening"));
+    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
+    group->Maps().AddItem(map);
+    authored.MapGroups().AddItem(group);
+    authored.SwitchTo(group);
+    auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), token);
+    unit->SetX(40);
+    unit->SetY(50);
+    unit->SetCaption(QStringLiteral("x4"));
+    unit->SetData(QStringLiteral("4"));
+    map->Units()->AddItem(unit);
+
+    TestModule module;
+    module.Tokens.front().Type = QStringLiteral("Quantity");
+    module.InitialGame = QStringLiteral("Start.KRF");
+    module.Extra = {{QStringLiteral("start.krf"),
+                     CGameFile::ToBytes(authored, QStringLiteral("krm_test_module_v1"))},
+                    {QStringLiteral("damaged.krf"), QByteArray("KR01 and then nothing useful")}};
+    const auto context = open(module, QStringLiteral("opening.krm"));
+    context->Activate(nullptr);
+
+    const std::shared_ptr<CGame> game = context->CreateDefaultGame();
+    ASSERT_TRUE(game);
+    EXPECT_NE(game->Id(), authored.Id());
+    EXPECT_EQ(game->Name(), QStringLiteral("Opening"));
+    ASSERT_EQ(game->MapGroups().Count(), 1);
+    const std::shared_ptr<CMap> start = game->ActiveMapGroup()->ActiveMap();
+    ASSERT_TRUE(start && start->Units());
+    ASSERT_EQ(start->Units()->Count(), 1);
+    const std::shared_ptr<CUnit> placed = start->Units()->Item(1);
+    // The unit's token is the context's own, found while it was made the root's context.
+    EXPECT_EQ(placed->Token(), context->Tokens().Item(1));
+    EXPECT_EQ(placed->Caption(), QStringLiteral("x4"));
+    EXPECT_EQ(placed->x(), 40);
+    EXPECT_FALSE(Root().Context()) << "the root's context is put back";
+
+    // A damaged initial game is refused with the reason.
+    module.InitialGame = QStringLiteral("damaged.krf");
+    const auto damaged = open(module, QStringLiteral("damaged.krm"));
+    damaged->Activate(nullptr);
+    try {
+        damaged->CreateDefaultGame();
+        FAIL() << "a game was made from a damaged file";
+    } catch (const KorvaneError& error) {
+        EXPECT_TRUE(error.Description().contains(QStringLiteral("'damaged.krf'")))
+            << error.Description().toStdString();
+    }
+}
+#endif

@@ -106,6 +106,8 @@ QByteArray TestModule::Pack() const
                 writer.AddEntry(entry, Picture(entry, {UnitSize, UnitSize}));
         }
     }
+    for (const auto& [name, bytes] : Extra)
+        writer.AddEntry(name, bytes);
     return writer.ToBytes();
 }
 

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
 #include <vector>
 
 // One token of a test module; the three picture entries default to "<id>.png".
@@ -50,6 +51,8 @@ struct TestModule
     std::vector<TestToken> Tokens{TestToken{QStringLiteral("counter")}};
     bool WithDefinition = true;
     bool WithBoard = true;
+    // Further entries, packed as they are.
+    std::vector<std::pair<QString, QByteArray>> Extra;
 
     QString Definition() const;
     QByteArray Pack() const;

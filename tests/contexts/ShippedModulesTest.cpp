@@ -19,12 +19,6 @@
 
 #include <map>
 
-#if __has_include("persist/CGameFile.h")
-#define KORVANE_HAS_GAME_FILE 1
-#else
-#define KORVANE_HAS_GAME_FILE 0
-#endif
-
 namespace {
 
 // The packs the build made, installed into a fresh home.
@@ -132,10 +126,12 @@ TEST_F(ShippedModulesTest, ChessStartsFromTheInitialPosition)
         EXPECT_EQ(unit->y() % 50, 25);
         EXPECT_TRUE(unit->x() < 400 && unit->y() < 400);
         squares.insert({unit->x(), unit->y()});
-        if (unit->Token()->Id() == QLatin1String("wk"))
+        if (unit->Token()->Id() == QLatin1String("wk")) {
             EXPECT_EQ(QPoint(unit->x(), unit->y()), QPoint(225, 375)); // e1
-        if (unit->Token()->Id() == QLatin1String("bq"))
+        }
+        if (unit->Token()->Id() == QLatin1String("bq")) {
             EXPECT_EQ(QPoint(unit->x(), unit->y()), QPoint(175, 25)); // d8
+        }
     }
     EXPECT_EQ(squares.size(), 32);
     for (const char side : {'w', 'b'}) {
