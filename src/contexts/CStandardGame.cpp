@@ -98,7 +98,7 @@ bool CStandardGame::HasTransparentLabel() const
 
 QString CStandardGame::MultiplierPrefix() const
 {
-    return QStringLiteral("x");
+    return m_definition ? m_definition->MultiplierPrefix() : QStringLiteral("x");
 }
 
 std::int32_t CStandardGame::LabelForeColor() const
