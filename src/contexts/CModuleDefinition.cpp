@@ -236,6 +236,26 @@ QString tokenClassOf(const QString& type)
     return QString();
 }
 
+// The program's grammar, parsed at its first use and kept: validation only
+// reads it, and every module at start-up is checked against it.
+xmlDtd* programGrammar()
+{
+    static std::unique_ptr<xmlDtd, DtdFree> grammar;
+    if (grammar)
+        return grammar.get();
+    QFile file(QStringLiteral(":/korvane/module.dtd"));
+    if (!file.open(QIODevice::ReadOnly))
+        reject(QStringLiteral("The program's module grammar is missing"));
+    const QByteArray text = file.readAll();
+    // xmlIOParseDTD takes the input buffer over, also when it fails.
+    xmlParserInputBufferPtr input = xmlParserInputBufferCreateMem(
+        text.constData(), static_cast<int>(text.size()), XML_CHAR_ENCODING_NONE);
+    grammar.reset(input ? xmlIOParseDTD(nullptr, input, XML_CHAR_ENCODING_NONE) : nullptr);
+    if (!grammar)
+        reject(QStringLiteral("The program's module grammar cannot be read"));
+    return grammar.get();
+}
+
 // Reads and validates the document; its root is a <module_def>.
 DocPtr readDocument(const QString& path)
 {
@@ -248,11 +268,6 @@ DocPtr readDocument(const QString& path)
     if (bytes.isEmpty())
         reject(path + QStringLiteral(" is empty"));
 
-    QFile grammarFile(QStringLiteral(":/korvane/module.dtd"));
-    if (!grammarFile.open(QIODevice::ReadOnly))
-        reject(QStringLiteral("The program's module grammar is missing"));
-    const QByteArray grammar = grammarFile.readAll();
-
     xmlInitParser();
     XmlErrorCapture capture;
     DocPtr doc(xmlReadMemory(bytes.constData(), static_cast<int>(bytes.size()), "module.def",
@@ -263,13 +278,7 @@ DocPtr readDocument(const QString& path)
         reject(QStringLiteral("The document brings a DOCTYPE of its own; module definitions "
                               "follow the program's grammar only"));
 
-    // xmlIOParseDTD takes the input buffer over, also when it fails.
-    xmlParserInputBufferPtr input = xmlParserInputBufferCreateMem(
-        grammar.constData(), static_cast<int>(grammar.size()), XML_CHAR_ENCODING_NONE);
-    const std::unique_ptr<xmlDtd, DtdFree> dtd(
-        input ? xmlIOParseDTD(nullptr, input, XML_CHAR_ENCODING_NONE) : nullptr);
-    if (!dtd)
-        reject(QStringLiteral("The program's module grammar cannot be read"));
+    xmlDtd* dtd = programGrammar();
     const std::unique_ptr<xmlValidCtxt, ValidFree> validator(xmlNewValidCtxt());
     if (!validator)
         reject(QStringLiteral("Out of memory while checking the module definition"));
@@ -278,7 +287,7 @@ DocPtr readDocument(const QString& path)
     // between elements).
     if (doc->standalone == 1)
         doc->standalone = 0;
-    if (xmlValidateDtd(validator.get(), doc.get(), dtd.get()) != 1 || capture.HasError())
+    if (xmlValidateDtd(validator.get(), doc.get(), dtd) != 1 || capture.HasError())
         capture.Raise(QStringLiteral("The document does not follow the module grammar"));
 
     // Validation against a separate grammar does not check the root's name.

@@ -8,12 +8,12 @@
 #include "persist/CZlib.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QSaveFile>
 
 #include <zlib.h>
 
@@ -112,7 +112,8 @@ bool CResFileMgr::readDirectory()
     m_lastError.clear();
     const QString path = FilePath();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // Two small reads: Qt's read-ahead buffer would only cost.
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return fail(QStringLiteral("Cannot open the pack ") + path + QStringLiteral(": ") +
                     file.errorString());
 
@@ -173,21 +174,24 @@ bool CResFileMgr::readDirectory()
         entry.StoredLength = plain.ReadLong();
         entry.UnpackedLength = plain.ReadLong();
 
-        const QString which =
-            QStringLiteral("Entry ") + quoted(entry.Name) + QStringLiteral(" of ") + path;
+        // The message is built only for a damaged entry: packs are read at every start.
+        const auto damaged = [&](const char* what) {
+            return fail(QStringLiteral("Entry ") + quoted(entry.Name) + QStringLiteral(" of ") +
+                        path + QLatin1String(what));
+        };
         if (!ValidEntryName(entry.Name))
-            return fail(which + QStringLiteral(" has a name a pack may not hold"));
+            return damaged(" has a name a pack may not hold");
         if (FindEntry(entry.Name) != 0)
-            return fail(which + QStringLiteral(" appears twice"));
+            return damaged(" appears twice");
         if (entry.StoredLength < 0 || entry.UnpackedLength < 0 ||
             entry.UnpackedLength > MaxEntryLength)
-            return fail(which + QStringLiteral(" has an impossible length"));
+            return damaged(" has an impossible length");
         if (entry.Position < dataStart ||
             static_cast<std::int64_t>(entry.Position) + entry.StoredLength > m_fileSize)
-            return fail(which + QStringLiteral(" points outside the file"));
+            return damaged(" points outside the file");
         if (entry.IsCompressed() &&
             (entry.StoredLength == 0 || entry.UnpackedLength > inflateLimit(entry.StoredLength)))
-            return fail(which + QStringLiteral(" has an impossible length"));
+            return damaged(" has an impossible length");
         m_entries.push_back(entry);
     }
     return true;
@@ -217,7 +221,7 @@ bool CResFileMgr::ReadEntry(const QString& entryName, QByteArray& data)
     const CResFileEntry& entry = Entry(index);
 
     QFile file(FilePath());
-    if (!file.open(QIODevice::ReadOnly) || !file.seek(entry.Position))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.seek(entry.Position))
         return fail(QStringLiteral("Cannot read the pack ") + FilePath());
     QByteArray stored = file.read(entry.StoredLength);
     if (stored.size() != entry.StoredLength)
@@ -313,10 +317,22 @@ bool CResFileMgr::UnpackFile(const QString& entryName, std::int32_t flag, QStrin
             scope.Denote(m_lastError);
             return false;
         }
-        QSaveFile file(target);
-        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
+        // A cache file is only a copy: it is written under a name of this
+        // process and renamed into place, without waiting for the disk. A
+        // copy cut short by a crash fails the size check above next time.
+        const QString partial = target + QLatin1Char('.') +
+                                QString::number(QCoreApplication::applicationPid()) +
+                                QStringLiteral(".part");
+        QFile file(partial);
+        const bool written = file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+                             file.write(data) == data.size() && file.flush();
+        const QString reason = file.errorString();
+        file.close();
+        if (!written || !(QFile::rename(partial, target) ||
+                          (QFile::remove(target) && QFile::rename(partial, target)))) {
+            QFile::remove(partial);
             fail(QStringLiteral("Cannot write the cache file ") + target + QStringLiteral(": ") +
-                 file.errorString());
+                 (written ? QStringLiteral("it cannot be renamed into place") : reason));
             scope.Denote(m_lastError);
             return false;
         }
