@@ -1,6 +1,10 @@
 #pragma once
 
+class FEditUnitNumDlg;
+class FEditUnitTextDlg;
 class FMainMdi;
+class FPopupMenu;
+class FSplitUnitDlg;
 
 // The windows and dialogs of the program, created together when the root is
 // constructed. The engine reaches them only through these interfaces; the
@@ -12,4 +16,11 @@ public:
 
     // Null when there is no main window (a program without windows).
     virtual FMainMdi* MainMdi() = 0;
+
+    // The shared right-click menu and the unit dialogs; null when the GUI
+    // has none, and then the token handlers show nothing and change nothing.
+    virtual FPopupMenu* PopupMenu() { return nullptr; }
+    virtual FEditUnitNumDlg* EditUnitNumDlg() { return nullptr; }
+    virtual FEditUnitTextDlg* EditUnitTextDlg() { return nullptr; }
+    virtual FSplitUnitDlg* SplitUnitDlg() { return nullptr; }
 };
