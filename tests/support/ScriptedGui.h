@@ -16,6 +16,9 @@ class ScriptedPopupMenu : public FPopupMenu
 public:
     // The key to choose when shown; empty, or a key not on the menu, dismisses it.
     QString Answer;
+    // Dismisses the menu while its context still names the Answer entry, as
+    // a menu may that remembers the entry last under the pointer.
+    bool DismissKeepingContext = false;
     QStringList Entries;
     int ShowCount = 0;
 
@@ -38,7 +41,7 @@ public:
                 m_selected = static_cast<std::int32_t>(i + 1);
         }
     }
-    std::int32_t SelectedItem() const override { return m_selected; }
+    std::int32_t SelectedItem() const override { return DismissKeepingContext ? 0 : m_selected; }
     QString SelectedItemContext() const override
     {
         return m_selected > 0 ? Entries.at(m_selected - 1).section(QLatin1Char('|'), 1) : QString();

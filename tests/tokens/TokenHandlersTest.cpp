@@ -134,6 +134,20 @@ TEST_F(TokenHandlers, handlersDoNothingWithoutAGame)
     EXPECT_EQ(mgr().Actions().Count(), 0);
 }
 
+TEST_F(TokenHandlers, aDismissedMenuChangesNothingWhateverKeyItStillReports)
+{
+    gui->Popup.DismissKeepingContext = true;
+    for (const char* id : {"INF", "TANK", "ARROW", "MARK", "NOTE"}) {
+        token(QLatin1String(id))->HandleDrop(10, 10);
+        const auto unit = board()->Units()->Item(board()->Units()->Count());
+        choose(unit, QStringLiteral("DELETE"));
+    }
+    EXPECT_EQ(gui->Popup.ShowCount, 5);
+    EXPECT_EQ(gui->Popup.SelectedItemContext(), QStringLiteral("DELETE"));
+    EXPECT_EQ(mgr().Actions().Count(), 5) << "the five drops and nothing else";
+    EXPECT_EQ(board()->Units()->Count(), 6);
+}
+
 class TokensWithoutGui : public GameFixture
 {
 protected:
