@@ -44,7 +44,7 @@ void CActionAddUnit::Reverse()
     const auto map = CActionHelper::EnterMap(m_mapId, this, source);
     scope.Denote(QStringLiteral("UnitId=") + m_unitId);
     CVector<CUnit>& units = CActionHelper::Units(*map, source);
-    const std::int32_t position = CUtility::SearchById(units, m_unitId);
+    const std::int32_t position = CActionHelper::UnitPosition(units, m_unitId);
     if (position == 0)
         throw KorvaneError(91, QLatin1String(source),
                            QStringLiteral("The unit %1 is not on map %2").arg(m_unitId, m_mapId));

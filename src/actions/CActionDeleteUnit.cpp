@@ -20,7 +20,7 @@ void CActionDeleteUnit::Execute()
     scope.Denote(QStringLiteral("UnitId=") + unitId);
     CVector<CUnit>& units = CActionHelper::Units(*map, source);
     // Found by id: a map that was swapped out and back holds new objects.
-    const std::int32_t position = CUtility::SearchById(units, unitId);
+    const std::int32_t position = CActionHelper::UnitPosition(units, unitId);
     if (position == 0)
         throw KorvaneError(91, QLatin1String(source),
                            QStringLiteral("The unit %1 is not on map %2").arg(unitId, m_mapId));

@@ -10,6 +10,7 @@
 #include "model/CUnit.h"
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace {
@@ -88,11 +89,29 @@ CVector<CArrow>& CActionHelper::Arrows(const CMap& map, const char* source)
     return *arrows;
 }
 
+std::int32_t CActionHelper::UnitPosition(const CVector<CUnit>& units, const QString& unitId)
+{
+    // A plain memory compare: ids are ASCII hex of one length, so most
+    // comparisons end at the first bytes, where QString's general compare
+    // costs a library call per unit.
+    const qsizetype size = unitId.size();
+    const QChar* wanted = unitId.constData();
+    std::int32_t position = 1;
+    for (const auto& unit : units) {
+        const QString& id = unit->Id();
+        if (id.size() == size && (size == 0 || id.constData()[0] == wanted[0]) &&
+            std::memcmp(id.constData(), wanted, size * sizeof(QChar)) == 0)
+            return position;
+        ++position;
+    }
+    return 0;
+}
+
 std::shared_ptr<CUnit> CActionHelper::RequireUnit(const CMap& map, const QString& unitId,
                                                   const char* source)
 {
     const CVector<CUnit>& units = Units(map, source);
-    const std::int32_t position = CUtility::SearchById(units, unitId);
+    const std::int32_t position = UnitPosition(units, unitId);
     if (position == 0)
         fail(source, QStringLiteral("The unit %1 is not on map %2").arg(unitId, map.Id()));
     return units.Item(position);

@@ -34,6 +34,9 @@ public:
     // The lists of a locked map; a KorvaneError when the map is not locked.
     static CVector<CUnit>& Units(const CMap& map, const char* source);
     static CVector<CArrow>& Arrows(const CMap& map, const char* source);
+    // The position of the unit with this id, 0 when there is none. Faster
+    // than the general lookup, which copies and compares each id through Qt.
+    static std::int32_t UnitPosition(const CVector<CUnit>& units, const QString& unitId);
     // The unit with this id on a locked map; a KorvaneError when it is missing.
     static std::shared_ptr<CUnit> RequireUnit(const CMap& map, const QString& unitId,
                                               const char* source);

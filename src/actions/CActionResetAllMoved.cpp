@@ -3,10 +3,12 @@
 #include "actions/CActionHelper.h"
 #include "core/CKorvane.h"
 #include "core/CTraceScope.h"
-#include "core/CUtility.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CUnit.h"
+
+#include <QSet>
+#include <QStringList>
 
 void CActionResetAllMoved::Execute()
 {
@@ -30,13 +32,15 @@ void CActionResetAllMoved::apply(bool moved, const char* source)
 {
     const auto map = CActionHelper::EnterMap(m_mapId, this, source);
     const CVector<CUnit>& units = CActionHelper::Units(*map, source);
+    const QStringList ids = m_unitIds.split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    // One pass over the map, in the list's order; a listed unit that is no
+    // longer there has no mark to change.
+    const QSet<QString> listed(ids.begin(), ids.end());
     CGameEventMgr& events = Root().EventMgr();
-    for (const QString& id : m_unitIds.split(QLatin1Char('|'), Qt::SkipEmptyParts)) {
-        // A unit that is no longer there has no mark to change.
-        const std::int32_t position = CUtility::SearchById(units, id);
-        if (position == 0)
+    for (const auto& unit : units) {
+        if (!listed.contains(unit->Id()))
             continue;
-        units.Item(position)->SetHasMoved(moved);
-        events.NotifyOfUnitEdit(id, this);
+        unit->SetHasMoved(moved);
+        events.NotifyOfUnitEdit(unit->Id(), this);
     }
 }
