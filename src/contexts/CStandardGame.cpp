@@ -1,5 +1,7 @@
 #include "CStandardGame.h"
 
+#include "actions/CActToolClearArrows.h"
+#include "actions/CActToolResetMoved.h"
 #include "contexts/CImageList.h"
 #include "contexts/CImageListMgr.h"
 #include "contexts/CModuleDefinition.h"
@@ -201,9 +203,7 @@ void CStandardGame::Activate(IProgressMonitor* progress)
         m_tokens.Clear();
         m_customTools.Clear();
         buildTokens(progress);
-        // Tools offered where the token kinds they serve exist: a
-        // CActToolResetMoved where a CQuantityToken is, a CActToolClearArrows
-        // where a CArrowToken is (added here once those tools exist).
+        addCustomTools();
         m_customActions.Clear();
     } catch (...) {
         releaseActivation();
@@ -212,6 +212,21 @@ void CStandardGame::Activate(IProgressMonitor* progress)
     m_pictures.clear();
     m_active = true;
     scope.Denote(QString::number(m_tokens.Count()) + QStringLiteral(" tokens"));
+}
+
+void CStandardGame::addCustomTools()
+{
+    // Each tool is offered only where the token kind it serves exists.
+    bool hasQuantity = false;
+    bool hasArrow = false;
+    for (const auto& token : m_tokens) {
+        hasQuantity = hasQuantity || token->Class() == QLatin1String("CQuantityToken");
+        hasArrow = hasArrow || token->Class() == QLatin1String("CArrowToken");
+    }
+    if (hasQuantity)
+        m_customTools.AddItem(std::make_shared<CActToolResetMoved>());
+    if (hasArrow)
+        m_customTools.AddItem(std::make_shared<CActToolClearArrows>());
 }
 
 QImage CStandardGame::picture(const QString& entryName)

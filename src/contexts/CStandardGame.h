@@ -88,6 +88,7 @@ private:
     bool ensureDefinition(bool raiseOnFailure) const;
     [[noreturn]] void fail(const char* operation, const QString& description) const;
     void buildTokens(IProgressMonitor* progress);
+    void addCustomTools();
     QImage picture(const QString& entryName);
     std::shared_ptr<CGame> createStartGame() const;
     std::shared_ptr<CGame> createInitialGame(const QString& entryName);

@@ -1,7 +1,11 @@
 #pragma once
 
+class FEditUnitNumDlg;
+class FEditUnitTextDlg;
 class FMainMdi;
 class FMessageBox;
+class FPopupMenu;
+class FSplitUnitDlg;
 
 // The windows and dialogs of the program, created together when the root is
 // constructed. The engine reaches them only through these interfaces; the
@@ -15,4 +19,11 @@ public:
     virtual FMainMdi* MainMdi() = 0;
     // The message boxes; null when nobody can answer them.
     virtual FMessageBox* Messages() { return nullptr; }
+
+    // The shared right-click menu and the unit dialogs; null when the GUI
+    // has none, and then the token handlers show nothing and change nothing.
+    virtual FPopupMenu* PopupMenu() { return nullptr; }
+    virtual FEditUnitNumDlg* EditUnitNumDlg() { return nullptr; }
+    virtual FEditUnitTextDlg* EditUnitTextDlg() { return nullptr; }
+    virtual FSplitUnitDlg* SplitUnitDlg() { return nullptr; }
 };

@@ -6,6 +6,9 @@
 class CNumericToken : public CTokenBase
 {
 public:
+    static constexpr std::int32_t MinValue = 0;
+    static constexpr std::int32_t MaxValue = 200;
+
     using CTokenBase::CTokenBase;
 
     QString Class() const override;

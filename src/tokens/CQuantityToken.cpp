@@ -1,5 +1,54 @@
 #include "CQuantityToken.h"
 
+#include "actions/CActionAddUnit.h"
+#include "actions/CActionDeleteUnit.h"
+#include "actions/CActionEditUnit.h"
+#include "actions/CActionGroup.h"
+#include "actions/CActionHelper.h"
+#include "contexts/IGameContext.h"
+#include "core/CGui.h"
+#include "core/CKorvane.h"
+#include "core/CTraceScope.h"
+#include "core/CUtility.h"
+#include "core/FEditUnitNumDlg.h"
+#include "core/FSplitUnitDlg.h"
+#include "model/CUnit.h"
+
+#include <algorithm>
+
+namespace {
+
+struct Place
+{
+    std::int32_t X;
+    std::int32_t Y;
+};
+
+// One region to the right of the old unit and one region above it, kept
+// inside the board. Positions are region centres, so the region's left edge
+// is x - width / 2 and its top y - height / 2.
+Place splitPlace(const CUnit& unit, const IToken& token)
+{
+    const std::int64_t width = std::max(token.RegionWidth(), 0);
+    const std::int64_t height = std::max(token.RegionHeight(), 0);
+    const std::int64_t halfWidth = width / 2;
+    const std::int64_t halfHeight = height / 2;
+
+    std::int64_t left = static_cast<std::int64_t>(unit.x()) - halfWidth + width;
+    CKorvane* root = RootOrNull();
+    if (root && root->Context()) {
+        const std::int64_t boardWidth = root->Context()->MapWidth();
+        if (left + width > boardWidth)
+            left = boardWidth - width;
+    }
+    left = std::max<std::int64_t>(left, 0);
+    const std::int64_t top =
+        std::max<std::int64_t>(static_cast<std::int64_t>(unit.y()) - halfHeight - height, 0);
+    return {CActionHelper::Clamp32(left + halfWidth), CActionHelper::Clamp32(top + halfHeight)};
+}
+
+} // namespace
+
 QString CQuantityToken::Class() const
 {
     return QStringLiteral("CQuantityToken");
@@ -15,6 +64,114 @@ QString CQuantityToken::DefaultCaption() const
     return MultiplierPrefix() + DefaultData();
 }
 
-void CQuantityToken::HandleRightClick(const std::shared_ptr<CUnit>&) {}
+void CQuantityToken::HandleRightClick(const std::shared_ptr<CUnit>& unit)
+{
+    CTraceScope scope("HandleRightClick", "CQuantityToken");
+    if (!unit || CurrentMapId().isEmpty())
+        return;
+    const std::int32_t q = CountOf(unit->Data());
 
-void CQuantityToken::HandleMoveOnto(const std::shared_ptr<CUnit>&, const std::shared_ptr<CUnit>&) {}
+    std::vector<MenuEntry> menu{{QStringLiteral("&Edit"), QStringLiteral("EDIT")}, Separator()};
+    if (q < MaxCount)
+        menu.push_back({QStringLiteral("&Add 1"), QStringLiteral("ADD_1")});
+    if (q >= 2) {
+        menu.push_back({QStringLiteral("&Subtract 1"), QStringLiteral("SUB_1")});
+        menu.push_back(Separator());
+        menu.push_back({QStringLiteral("Split Off &1"), QStringLiteral("SPLIT_1")});
+        if (q >= 3)
+            menu.push_back({QStringLiteral("Split Off &2 "), QStringLiteral("SPLIT_2")});
+        if (q >= 6)
+            menu.push_back({QStringLiteral("Split Off &5"), QStringLiteral("SPLIT_5")});
+        if (q >= 11)
+            menu.push_back({QStringLiteral("Split Off 1&0"), QStringLiteral("SPLIT_10")});
+        menu.push_back({QStringLiteral("&Custom Split"), QStringLiteral("SPLIT_x")});
+    }
+    menu.push_back(Separator());
+    menu.push_back({QStringLiteral("&Delete"), QStringLiteral("DELETE")});
+    menu.push_back(Separator());
+    menu.push_back({QStringLiteral("Toggle &Moved"), QStringLiteral("MOVED")});
+
+    const QString key = ShowMenu(menu);
+    if (key.isEmpty())
+        return;
+    CGui* gui = Root().Gui();
+    if (key == QLatin1String("EDIT")) {
+        FEditUnitNumDlg* dialog = gui ? gui->EditUnitNumDlg() : nullptr;
+        if (!dialog || !dialog->Display(unit, 1, MaxCount))
+            return;
+        const std::int32_t value = dialog->Value();
+        if (value >= 1 && value <= MaxCount)
+            Execute(CountEditOf(*unit, value));
+    } else if (key == QLatin1String("ADD_1")) {
+        if (q < MaxCount)
+            Execute(CountEditOf(*unit, static_cast<std::int64_t>(q) + 1));
+    } else if (key == QLatin1String("SUB_1")) {
+        if (q >= 2)
+            Execute(CountEditOf(*unit, q - 1));
+    } else if (key == QLatin1String("DELETE")) {
+        DeleteUnit(unit);
+    } else if (key == QLatin1String("MOVED")) {
+        Execute(EditOf(*unit, unit->Data(), unit->Caption(), !unit->HasMoved()));
+    } else if (key == QLatin1String("SPLIT_x")) {
+        FSplitUnitDlg* dialog = gui ? gui->SplitUnitDlg() : nullptr;
+        if (!dialog || !dialog->Display(unit))
+            return;
+        split(unit, q, dialog->Value());
+    } else if (key.startsWith(QLatin1String("SPLIT_"))) {
+        split(unit, q, CountOf(key.mid(6)));
+    }
+}
+
+void CQuantityToken::split(const std::shared_ptr<CUnit>& unit, std::int32_t q, std::int32_t n)
+{
+    // At least one piece stays behind.
+    if (n < 1 || n >= q)
+        return;
+    const Place place = splitPlace(*unit, *this);
+
+    auto added = std::make_shared<CActionAddUnit>();
+    added->SetMapId(CurrentMapId());
+    added->SetUnitId(CUtility::GenerateId());
+    added->SetTokenId(Id());
+    added->SetPosition(place.X, place.Y);
+
+    // The new stack shares the old one's moved mark: its pieces came along.
+    const QString count = QString::number(n);
+    auto newCount = EditOf(*unit, count, MultiplierPrefix() + count, unit->HasMoved());
+    newCount->SetUnitId(added->UnitId());
+
+    auto group = std::make_shared<CActionGroup>();
+    group->SetCaption(QStringLiteral("Split Off ") + count);
+    group->AddAction(CountEditOf(*unit, q - n));
+    group->AddAction(added);
+    group->AddAction(newCount);
+    Execute(std::move(group));
+}
+
+void CQuantityToken::HandleMoveOnto(const std::shared_ptr<CUnit>& unit,
+                                    const std::shared_ptr<CUnit>& target)
+{
+    CTraceScope scope("HandleMoveOnto", "CQuantityToken");
+    if (!unit || !target || unit == target || CurrentMapId().isEmpty())
+        return;
+    const std::int64_t onTarget = CountOf(target->Data());
+    const std::int64_t onUnit = CountOf(unit->Data());
+
+    auto group = std::make_shared<CActionGroup>();
+    group->SetCaption(QStringLiteral("Merge Units"));
+    if (onTarget + onUnit <= MaxCount) {
+        group->AddAction(CountEditOf(*target, onTarget + onUnit));
+        auto removed = std::make_shared<CActionDeleteUnit>();
+        removed->SetMapId(CurrentMapId());
+        removed->SetUnit(unit);
+        group->AddAction(removed);
+    } else {
+        // Fill the target up; what does not fit stays on the dragged stack.
+        const std::int64_t moved = MaxCount - onTarget;
+        if (moved <= 0)
+            return;
+        group->AddAction(CountEditOf(*target, MaxCount));
+        group->AddAction(CountEditOf(*unit, onUnit - moved));
+    }
+    Execute(std::move(group));
+}

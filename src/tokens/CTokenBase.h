@@ -5,6 +5,11 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
+#include <vector>
+
+class CActionEditUnit;
+class IAction;
 
 // The fields every token kind shares and the answers of the plain counter;
 // the kinds override what differs.
@@ -47,9 +52,32 @@ public:
     std::int32_t RegionWidth() const override { return m_regionWidth; }
     std::int32_t RegionHeight() const override { return m_regionHeight; }
 
+    // The decimal value of a count or value held in a unit's Data; text that
+    // is not a whole decimal number in the 32-bit range counts as 0.
+    static std::int32_t CountOf(const QString& data);
+
 protected:
+    struct MenuEntry
+    {
+        QString Caption;
+        QString Key;
+    };
+    static MenuEntry Separator() { return {QStringLiteral("-"), QString()}; }
+
     // The active context's multiplier prefix, "x" when no context is active.
     static QString MultiplierPrefix();
+    // The id of the map on the board, empty when there is none.
+    static QString CurrentMapId();
+    // Fills the shared popup menu, shows it and returns the chosen entry's
+    // key; empty when the menu was dismissed or there is no menu to show.
+    static QString ShowMenu(const std::vector<MenuEntry>& entries);
+    static void Execute(std::shared_ptr<IAction> action);
+    // An edit of a unit on the current map to the given values.
+    static std::shared_ptr<CActionEditUnit> EditOf(const CUnit& unit, const QString& data,
+                                                   const QString& caption, bool moved);
+    // An edit that gives a counted unit a new count and the matching caption.
+    static std::shared_ptr<CActionEditUnit> CountEditOf(const CUnit& unit, std::int64_t count);
+    static void DeleteUnit(const std::shared_ptr<CUnit>& unit);
 
 private:
     QString m_id;

@@ -1,5 +1,6 @@
 #include "ContextTestSupport.h"
 
+#include "actions/IActionTool.h"
 #include "contexts/CImageList.h"
 #include "contexts/CImageListMgr.h"
 #include "contexts/CModuleDefinition.h"
@@ -173,8 +174,6 @@ TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardFromTheDefinition)
     EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Entry = turn.png")), 1);
     EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Entry = move_u.png")), 1);
 
-    // No quantity or arrow tools exist yet; nothing else is offered.
-    EXPECT_EQ(context->CustomTools().Count(), 0);
     EXPECT_EQ(context->CustomActions().Count(), 0);
 }
 
@@ -387,4 +386,35 @@ TEST_F(StandardGameTest, DefaultGameFromTheInitialFileGetsAFreshId)
         EXPECT_TRUE(error.Description().contains(QStringLiteral("'damaged.krf'")))
             << error.Description().toStdString();
     }
+}
+
+TEST_F(StandardGameTest, CustomToolsFollowTheTokenKindsOfTheModule)
+{
+    auto captionsOf = [](const IGameContext& context) {
+        QStringList captions;
+        for (const auto& tool : context.CustomTools())
+            captions << tool->Caption();
+        return captions;
+    };
+
+    TestModule plain;
+    plain.Tokens = {TestToken(QStringLiteral("a")), TestToken(QStringLiteral("b"))};
+    const auto plainContext = open(plain, QStringLiteral("plain.krm"));
+    plainContext->Activate(nullptr);
+    EXPECT_TRUE(captionsOf(*plainContext).isEmpty());
+
+    const auto mixed = open(mixedModule(), QStringLiteral("mixed.krm"));
+    mixed->Activate(nullptr);
+    EXPECT_EQ(captionsOf(*mixed),
+              (QStringList{QStringLiteral("Reset &Moved"), QStringLiteral("Clear All Arro&ws")}));
+    // Activating again does not offer the tools twice.
+    mixed->Deactivate();
+    mixed->Activate(nullptr);
+    EXPECT_EQ(captionsOf(*mixed).size(), 2);
+
+    TestModule arrowsOnly;
+    arrowsOnly.Tokens = {TestToken(QStringLiteral("arrow"), QStringLiteral("Arrow"))};
+    const auto arrowContext = open(arrowsOnly, QStringLiteral("arrows.krm"));
+    arrowContext->Activate(nullptr);
+    EXPECT_EQ(captionsOf(*arrowContext), QStringList{QStringLiteral("Clear All Arro&ws")});
 }

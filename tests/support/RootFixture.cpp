@@ -1,5 +1,6 @@
 #include "support/RootFixture.h"
 
+#include "core/CGui.h"
 #include "core/CKorvane.h"
 
 #include <memory>
@@ -7,6 +8,7 @@
 void RootFixture::SetUp()
 {
     auto root = std::make_shared<CKorvane>();
+    root->SetGuiFactory([this] { return MakeGui(); });
     InstallRoot(root);
     root->Constructor(nullptr);
 }
@@ -14,4 +16,9 @@ void RootFixture::SetUp()
 void RootFixture::TearDown()
 {
     ReleaseRoot();
+}
+
+std::unique_ptr<CGui> RootFixture::MakeGui()
+{
+    return nullptr;
 }

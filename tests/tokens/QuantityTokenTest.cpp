@@ -1,0 +1,156 @@
+#include "core/CDebug.h"
+#include "support/GameFixture.h"
+
+namespace {
+
+class QuantityToken : public GameFixture
+{
+protected:
+    std::shared_ptr<CUnit> stack(std::int32_t count, std::int32_t x = 200, std::int32_t y = 200)
+    {
+        return put(QStringLiteral("INF"), x, y, QString::number(count));
+    }
+
+    QStringList menuAt(const QString& count)
+    {
+        choose(put(QStringLiteral("INF"), 1, 1, count), QString());
+        return gui->Popup.Entries;
+    }
+
+    void choose(const std::shared_ptr<CUnit>& unit, const QString& key)
+    {
+        gui->Popup.Answer = key;
+        unit->Token()->HandleRightClick(unit);
+    }
+
+    static QString countOf(const CUnit& unit)
+    {
+        return unit.Data() + QLatin1Char('/') + unit.Caption();
+    }
+    static QString place(const CUnit& unit)
+    {
+        return QStringLiteral("%1,%2").arg(unit.x()).arg(unit.y());
+    }
+};
+
+TEST_F(QuantityToken, theMenuOffersWhatTheCountAllows)
+{
+    const QStringList head{"&Edit|EDIT", "-|"};
+    const QStringList tail{"-|", "&Delete|DELETE", "-|", "Toggle &Moved|MOVED"};
+    const QStringList add{"&Add 1|ADD_1"};
+    const QStringList subtract{"&Subtract 1|SUB_1"};
+    const QStringList splits{"-|",
+                             "Split Off &1|SPLIT_1",
+                             "Split Off &2 |SPLIT_2",
+                             "Split Off &5|SPLIT_5",
+                             "Split Off 1&0|SPLIT_10",
+                             "&Custom Split|SPLIT_x"};
+    const QStringList splitOne{"-|", "Split Off &1|SPLIT_1", "&Custom Split|SPLIT_x"};
+    const QStringList splitsBelowTen = QStringList(splits.mid(0, 4)) << splits.last();
+
+    Root().Trace().SetEnabled(true);
+    EXPECT_EQ(menuAt(QStringLiteral("1")), head + add + tail);
+    Root().Trace().SetEnabled(false);
+    EXPECT_TRUE(QString::fromUtf8(home.ReadFile(QStringLiteral("debug.txt")))
+                    .contains(QStringLiteral("\tShowing Menu\n")));
+    EXPECT_EQ(menuAt(QStringLiteral("2")), head + add + subtract + splitOne + tail);
+    EXPECT_EQ(menuAt(QStringLiteral("10")), head + add + subtract + splitsBelowTen + tail);
+    EXPECT_EQ(menuAt(QStringLiteral("11")), head + add + subtract + splits + tail);
+    EXPECT_EQ(menuAt(QStringLiteral("200")), head + subtract + splits + tail);
+    // Counts that are not whole decimal numbers in range count as 0.
+    EXPECT_EQ(menuAt(QStringLiteral("2x")), head + add + tail);
+    EXPECT_EQ(menuAt(QStringLiteral("99999999999")), head + add + tail);
+    EXPECT_EQ(gui->Popup.ShowCount, 7);
+    EXPECT_EQ(mgr().Actions().Count(), 0) << "dismissed menus record nothing";
+}
+
+TEST_F(QuantityToken, menuEntriesEditTheCountMarkAndUnit)
+{
+    const auto unit = stack(5);
+    choose(unit, QStringLiteral("ADD_1"));
+    EXPECT_EQ(countOf(*unit), QStringLiteral("6/x6"));
+    choose(unit, QStringLiteral("SUB_1"));
+    choose(unit, QStringLiteral("SUB_1"));
+    EXPECT_EQ(countOf(*unit), QStringLiteral("4/x4"));
+    choose(unit, QStringLiteral("MOVED"));
+    EXPECT_TRUE(unit->HasMoved());
+
+    gui->Dialogs.Number = 150;
+    choose(unit, QStringLiteral("EDIT"));
+    EXPECT_EQ(gui->Dialogs.Shown, QStringList{unit->Id() + QStringLiteral(" 1..200")});
+    EXPECT_EQ(countOf(*unit), QStringLiteral("150/x150"));
+    gui->Dialogs.Confirm = false;
+    gui->Dialogs.Number = 7;
+    choose(unit, QStringLiteral("EDIT"));
+    EXPECT_EQ(countOf(*unit), QStringLiteral("150/x150")) << "cancelled";
+    EXPECT_TRUE(unit->HasMoved());
+
+    choose(unit, QStringLiteral("DELETE"));
+    EXPECT_EQ(board()->Units()->Count(), 0);
+}
+
+TEST_F(QuantityToken, mergingAddsTheCountsAsOneUndoStep)
+{
+    const auto target = stack(3);
+    const auto dragged = stack(4, 500, 500);
+    const QStringList before = contents(*board());
+    dragged->Token()->HandleMoveOnto(dragged, target);
+    EXPECT_EQ(countOf(*target), QStringLiteral("7/x7"));
+    EXPECT_EQ(unitIds(*board()), QStringList{target->Id()});
+    EXPECT_EQ(mgr().NextUndoAction()->Caption(), QStringLiteral("Merge Units"));
+    mgr().Undo();
+    EXPECT_EQ(contents(*board()), before);
+    EXPECT_EQ(dirty(), 0);
+}
+
+TEST_F(QuantityToken, aMergePastTheLimitLeavesTheRestOnTheDraggedStack)
+{
+    const auto target = stack(150);
+    const auto dragged = stack(100, 500, 500);
+    dragged->Token()->HandleMoveOnto(dragged, target);
+    EXPECT_EQ(countOf(*target) + countOf(*dragged), QStringLiteral("200/x20050/x50"));
+    mgr().Undo();
+    EXPECT_EQ(countOf(*target) + countOf(*dragged), QStringLiteral("150/x150100/x100"));
+
+    const auto full = stack(200);
+    dragged->Token()->HandleMoveOnto(dragged, full);
+    EXPECT_EQ(mgr().Actions().Count(), 1) << "a full stack takes nothing";
+}
+
+TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldAsOneUndoStep)
+{
+    const auto unit = stack(12, 200, 200);
+    choose(unit, QStringLiteral("SPLIT_5"));
+    EXPECT_EQ(countOf(*unit), QStringLiteral("7/x7"));
+    ASSERT_EQ(board()->Units()->Count(), 2);
+    const auto split = board()->Units()->Item(2);
+    EXPECT_EQ(countOf(*split), QStringLiteral("5/x5"));
+    // One region (40 x 30) to the right and one above.
+    EXPECT_EQ(place(*split), QStringLiteral("240,170"));
+    EXPECT_EQ(mgr().NextUndoAction()->Caption(), QStringLiteral("Split Off 5"));
+    mgr().Undo();
+    EXPECT_EQ(unitIds(*board()), QStringList{unit->Id()});
+    EXPECT_EQ(countOf(*unit), QStringLiteral("12/x12"));
+    EXPECT_EQ(dirty(), 0);
+}
+
+TEST_F(QuantityToken, splitsStayOnTheBoardAndTheCustomSplitAsksHowMany)
+{
+    // The board is 800 wide: the new region ends at its right edge, and its
+    // top does not go above the board.
+    choose(stack(3, 790, 20), QStringLiteral("SPLIT_1"));
+    EXPECT_EQ(place(*board()->Units()->Item(2)), QStringLiteral("780,15"));
+
+    const auto unit = stack(9);
+    gui->Dialogs.Number = 9; // nothing would be left behind
+    choose(unit, QStringLiteral("SPLIT_x"));
+    gui->Dialogs.Confirm = false;
+    gui->Dialogs.Number = 8;
+    choose(unit, QStringLiteral("SPLIT_x"));
+    EXPECT_EQ(mgr().Actions().Count(), 1);
+    gui->Dialogs.Confirm = true;
+    choose(unit, QStringLiteral("SPLIT_x"));
+    EXPECT_EQ(countOf(*unit) + countOf(*board()->Units()->Item(4)), QStringLiteral("1/x18/x8"));
+}
+
+} // namespace

@@ -1,0 +1,88 @@
+#include "support/GameFixture.h"
+
+namespace {
+
+class TokenHandlers : public GameFixture
+{
+protected:
+    void choose(const std::shared_ptr<CUnit>& unit, const QString& key)
+    {
+        gui->Popup.Answer = key;
+        unit->Token()->HandleRightClick(unit);
+    }
+
+    QStringList menuOf(const std::shared_ptr<CUnit>& unit)
+    {
+        choose(unit, QString());
+        return gui->Popup.Entries;
+    }
+};
+
+TEST_F(TokenHandlers, numericMenusOfferAddingBelow200AndSubtractingAbove0)
+{
+    const QStringList edit{"&Edit|EDIT", "-|"};
+    const QStringList end{"-|", "&Delete|DELETE"};
+    const QStringList add{"&Add 1|ADD_1"};
+    const QStringList subtract{"&Subtract 1|SUB_1"};
+    const auto mark = put(QStringLiteral("MARK"), 5, 5, QStringLiteral("0"));
+    EXPECT_EQ(menuOf(mark), edit + add + end);
+    mark->SetData(QStringLiteral("199"));
+    EXPECT_EQ(menuOf(mark), edit + add + subtract + end);
+    mark->SetData(QStringLiteral("1"));
+    choose(mark, QStringLiteral("SUB_1"));
+    EXPECT_EQ(mark->Data() + mark->Caption(), QStringLiteral("0x0"));
+    mark->SetData(QStringLiteral("200"));
+    EXPECT_EQ(menuOf(mark), edit + subtract + end);
+
+    gui->Dialogs.Number = 0;
+    choose(mark, QStringLiteral("EDIT"));
+    EXPECT_EQ(gui->Dialogs.Shown, QStringList{mark->Id() + QStringLiteral(" 0..200")});
+    EXPECT_EQ(mark->Data(), QStringLiteral("0"));
+}
+
+TEST_F(TokenHandlers, textUnitsTakeTheirCaptionAndDataFromTheTextDialog)
+{
+    token(QStringLiteral("NOTE"))->HandleDrop(50, 60);
+    const auto note = board()->Units()->Item(1);
+    EXPECT_EQ(note->Caption(), QStringLiteral("NOTE")) << "no custom text: the token's caption";
+    EXPECT_EQ(menuOf(note), (QStringList{"&Edit|EDIT", "-|", "&Delete|DELETE"}));
+    gui->Dialogs.AnswerText = QStringLiteral("Supply");
+    gui->Dialogs.AnswerExtended = QStringLiteral("Depot at the river");
+    gui->Dialogs.Confirm = false;
+    choose(note, QStringLiteral("EDIT"));
+    EXPECT_EQ(mgr().Actions().Count(), 1) << "a cancelled dialog records nothing";
+    gui->Dialogs.Confirm = true;
+    choose(note, QStringLiteral("EDIT"));
+    EXPECT_EQ(note->Caption() + '/' + note->Data(), QStringLiteral("Supply/Depot at the river"));
+}
+
+TEST_F(TokenHandlers, aDismissedMenuChangesNothingWhateverKeyItStillReports)
+{
+    gui->Popup.DismissKeepingContext = true;
+    for (const char* id : {"INF", "TANK", "ARROW", "MARK", "NOTE"}) {
+        token(QLatin1String(id))->HandleDrop(10, 10);
+        choose(board()->Units()->Item(board()->Units()->Count()), QStringLiteral("DELETE"));
+    }
+    EXPECT_EQ(gui->Popup.ShowCount, 5);
+    EXPECT_EQ(mgr().Actions().Count(), 5) << "the five drops and nothing else";
+    // Plain counters and arrows offer deleting only.
+    EXPECT_EQ(menuOf(board()->Units()->Item(2)), QStringList{"&Delete|DELETE"});
+    EXPECT_EQ(menuOf(board()->Units()->Item(3)), QStringList{"&Delete|DELETE"});
+}
+
+class TokensWithoutGui : public GameFixture
+{
+protected:
+    std::unique_ptr<CGui> MakeGui() override { return nullptr; }
+};
+
+TEST_F(TokensWithoutGui, rightClicksShowNothingAndRecordNothing)
+{
+    for (const char* id : {"INF", "TANK", "ARROW", "MARK", "NOTE"}) {
+        const auto unit = put(QLatin1String(id), 1, 1, QStringLiteral("3"));
+        unit->Token()->HandleRightClick(unit);
+    }
+    EXPECT_EQ(mgr().Actions().Count(), 0);
+}
+
+} // namespace
