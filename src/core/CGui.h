@@ -1,6 +1,7 @@
 #pragma once
 
 class FMainMdi;
+class FMessageBox;
 
 // The windows and dialogs of the program, created together when the root is
 // constructed. The engine reaches them only through these interfaces; the
@@ -12,4 +13,6 @@ public:
 
     // Null when there is no main window (a program without windows).
     virtual FMainMdi* MainMdi() = 0;
+    // The message boxes; null when nobody can answer them.
+    virtual FMessageBox* Messages() { return nullptr; }
 };

@@ -1,6 +1,7 @@
 #include "CKorvane.h"
 
 #include "actions/CActionMgr.h"
+#include "contexts/CContextMgr.h"
 #include "contexts/CImageListMgr.h"
 #include "core/CConfiguration.h"
 #include "core/CControlHost.h"
@@ -97,10 +98,13 @@ void CKorvane::Constructor(IProgressMonitor* progress)
     m_config = std::make_unique<CConfiguration>();
     m_zlib = std::make_unique<CZlib>();
     m_imageListMgr = std::make_unique<CImageListMgr>();
+    m_contextMgr = std::make_unique<CContextMgr>();
     m_actionMgr = std::make_unique<CActionMgr>();
     m_eventMgr = std::make_unique<CGameEventMgr>();
 
     CTraceScope scope("Constructor", "CKorvane");
+    // Discovery runs once every service exists.
+    m_contextMgr->Constructor(progress);
     // The windows read context information when they load, so they come last.
     if (m_guiFactory)
         m_gui = m_guiFactory();
@@ -130,6 +134,9 @@ void CKorvane::Dispose()
             tasks->Item(i)->Execute();
     }
 
+    if (m_contextMgr)
+        m_contextMgr->Dispose();
+
     // The context is released without Deactivate.
     m_context.reset();
     m_game.reset();
@@ -138,6 +145,7 @@ void CKorvane::Dispose()
     m_gui.reset();
     m_eventMgr.reset();
     m_actionMgr.reset();
+    m_contextMgr.reset();
     m_imageListMgr.reset();
     m_zlib.reset();
     m_config.reset();

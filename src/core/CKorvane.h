@@ -10,6 +10,7 @@
 
 class CActionMgr;
 class CConfiguration;
+class CContextMgr;
 class CControlHost;
 class CDebug;
 class CGame;
@@ -53,6 +54,7 @@ public:
     CConfiguration& Config() const { return *m_config; }
     CZlib& Zlib() const { return *m_zlib; }
     CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
+    CContextMgr& ContextMgr() const { return *m_contextMgr; }
     CActionMgr& ActionMgr() const { return *m_actionMgr; }
     CGameEventMgr& EventMgr() const { return *m_eventMgr; }
     // Null when the program runs without windows.
@@ -76,6 +78,7 @@ private:
     std::unique_ptr<CConfiguration> m_config;
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CImageListMgr> m_imageListMgr;
+    std::unique_ptr<CContextMgr> m_contextMgr;
     std::unique_ptr<CActionMgr> m_actionMgr;
     std::unique_ptr<CGameEventMgr> m_eventMgr;
     GuiFactory m_guiFactory;

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "contexts/CBuiltInGame.h"
+
+// The context of the module file "eawv4.krm".
+class CEastWestGame : public CBuiltInGame
+{
+public:
+    CEastWestGame();
+};

@@ -1,0 +1,329 @@
+#include "ContextTestSupport.h"
+
+#include "contexts/CImageList.h"
+#include "contexts/CImageListMgr.h"
+#include "contexts/CModuleDefinition.h"
+#include "contexts/CResFileMgr.h"
+#include "contexts/CStandardGame.h"
+#include "contexts/CUserDefinedGame.h"
+#include "core/CDebug.h"
+#include "core/CKorvane.h"
+#include "core/CUtility.h"
+#include "core/KorvaneError.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "model/CUnit.h"
+#include "support/RootFixture.h"
+#include "tokens/IToken.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+namespace {
+
+class StandardGameTest : public RootFixture
+{
+protected:
+    // A context for the pack, initialised the way discovery does it.
+    template <typename Context = CStandardGame>
+    std::shared_ptr<Context> open(const TestModule& module, const QString& fileName)
+    {
+        module.WriteTo(home.File(QStringLiteral("modules/") + fileName));
+        auto resFile = std::make_shared<CResFileMgr>(CUtility::GetModuleDir(), fileName);
+        QString unpacked;
+        EXPECT_TRUE(resFile->UnpackFile(QStringLiteral("module.def"), -1, unpacked));
+        auto definition = std::make_shared<CModuleDefinition>();
+        EXPECT_TRUE(definition->LoadHeader(CUtility::GetCacheDir() + unpacked))
+            << definition->LastError().toStdString();
+        auto context = std::make_shared<Context>();
+        context->Initialize(definition, resFile);
+        return context;
+    }
+
+    // Five tokens, one of each kind, sharing some pictures.
+    static TestModule mixedModule()
+    {
+        TestModule module;
+        module.Title = QStringLiteral("Mixed Bag");
+        module.PalletSize = 20;
+        module.UnitSize = 36;
+        TestToken infantry(QStringLiteral("inf"), QStringLiteral("Quantity"),
+                           QStringLiteral("Land"));
+        infantry.Caption = QStringLiteral("Infantry");
+        infantry.Pallet = infantry.Drag = infantry.Unit = QStringLiteral("Shared.png");
+        infantry.Left = 2;
+        infantry.Top = 3;
+        infantry.Width = 20;
+        TestToken note(QStringLiteral("note"), QStringLiteral("Text"), QStringLiteral("Land"));
+        note.Extra = QStringLiteral("<default_text>Hold the line</default_text>");
+        TestToken move(QStringLiteral("move"), QStringLiteral("Arrow"), QStringLiteral("Markers"));
+        move.Pallet = QStringLiteral("move_p.png");
+        move.Drag = QStringLiteral("move_d.png");
+        move.Unit = QStringLiteral("move_u.png");
+        move.Extra = QStringLiteral("<line_html_color>#00FF00</line_html_color>");
+        TestToken turn(QStringLiteral("turn"), QStringLiteral("Numeric"),
+                       QStringLiteral("Markers"));
+        turn.Pallet = QStringLiteral("shared.PNG");
+        turn.Drag = turn.Unit = QStringLiteral("turn.png");
+        TestToken flag(QStringLiteral("flag"), QStringLiteral("Image"), QStringLiteral("Markers"));
+        flag.Left = 0;
+        flag.Top = -1;
+        flag.Width = 5;
+        flag.Height = 0;
+        module.Tokens = {infantry, note, move, turn, flag};
+        return module;
+    }
+
+    static QColor colorIn(const std::shared_ptr<CImageList>& list, const QString& key)
+    {
+        const QImage image = list->Image(key);
+        return image.isNull() ? QColor() : image.pixelColor(image.width() / 2, image.height() / 2);
+    }
+};
+
+} // namespace
+
+TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardFromTheDefinition)
+{
+    const auto context = open(mixedModule(), QStringLiteral("mixed.krm"));
+    EXPECT_EQ(context->Id(), QStringLiteral("krm_test_module_v1"));
+    EXPECT_EQ(context->Caption(), QStringLiteral("Mixed Bag"));
+    EXPECT_FALSE(context->IsActive());
+
+    Root().Trace().SetEnabled(true);
+    RecordingProgress progress;
+    context->Activate(&progress);
+    Root().Trace().SetEnabled(false);
+    ASSERT_TRUE(context->IsActive());
+
+    EXPECT_EQ(progress.Texts, (QStringList{"Loading the 'Mixed Bag' Module...",
+                                           "Loading the Map...", "Loading Token 1 of 5...",
+                                           "Loading Token 2 of 5...", "Loading Token 3 of 5...",
+                                           "Loading Token 4 of 5...", "Loading Token 5 of 5..."}));
+    EXPECT_EQ(context->FontName(), QStringLiteral("Sans"));
+    EXPECT_EQ(context->LabelForeColor(), 0xFF0000); // "#0000FF": blue in the high byte
+    EXPECT_EQ(context->MapWidth(), 300);
+    EXPECT_EQ(context->MapHeight(), 200);
+    EXPECT_EQ(context->MapPicture().pixelColor(10, 10), TestModule::ColorOf("board.png"));
+
+    const CVector<IToken>& tokens = context->Tokens();
+    ASSERT_EQ(tokens.Count(), 5);
+    const struct
+    {
+        const char* id;
+        const char* kind;
+        const char* category;
+        const char* custom;
+        int left, top, width, height;
+    } expected[] = {
+        {"inf", "CQuantityToken", "Land", "", 2, 3, 20, 36},
+        {"note", "CTextToken", "Land", "Hold the line", 0, 0, 36, 36},
+        // Arrow tokens keep their own small region, centred.
+        {"move", "CArrowToken", "Markers", "#00FF00", 14, 14, 8, 8},
+        {"turn", "CNumericToken", "Markers", "", 0, 0, 36, 36},
+        {"flag", "CEmptyToken", "Markers", "", 0, 0, 5, 0},
+    };
+    for (std::int32_t i = 1; i <= 5; ++i) {
+        const auto& token = tokens.Item(i);
+        const auto& e = expected[i - 1];
+        SCOPED_TRACE(e.id);
+        EXPECT_EQ(token->Id(), QLatin1String(e.id));
+        EXPECT_EQ(token->Class(), QLatin1String(e.kind));
+        EXPECT_EQ(token->Index(), i);
+        EXPECT_EQ(token->Category(), QLatin1String(e.category));
+        EXPECT_EQ(token->Custom(), QLatin1String(e.custom));
+        EXPECT_EQ(token->Image(), token->Id());
+        EXPECT_EQ(token->ImageWidth(), 36);
+        EXPECT_EQ(token->ImageHeight(), 36);
+        EXPECT_EQ(token->RegionLeft(), e.left);
+        EXPECT_EQ(token->RegionTop(), e.top);
+        EXPECT_EQ(token->RegionWidth(), e.width);
+        EXPECT_EQ(token->RegionHeight(), e.height);
+    }
+    EXPECT_EQ(tokens.Item(1)->Caption(), QStringLiteral("Infantry"));
+    EXPECT_EQ(tokens.Item(2)->DefaultCaption(), QStringLiteral("Hold the line"));
+
+    // Three lists: the palette at its own size, drag and unit at the unit size.
+    CImageListMgr& manager = Root().ImageListMgr();
+    EXPECT_EQ(manager.ListCount(), 3);
+    ASSERT_TRUE(context->PalletImgLst() && context->DragImgLst() && context->UnitImgLst());
+    EXPECT_EQ(context->PalletImgLst()->Width(), 20);
+    EXPECT_EQ(context->DragImgLst()->Height(), 36);
+    EXPECT_EQ(context->UnitImgLst()->Width(), 36);
+    EXPECT_EQ(context->UnitImgLst()->MaskColor(), 0xFF00FF);
+    for (const auto& list : {context->PalletImgLst(), context->DragImgLst(), context->UnitImgLst()})
+        EXPECT_EQ(list->Count(), 5);
+
+    // Each list got the picture the definition names for it.
+    EXPECT_EQ(colorIn(context->PalletImgLst(), "move"), TestModule::ColorOf("move_p.png"));
+    EXPECT_EQ(colorIn(context->DragImgLst(), "move"), TestModule::ColorOf("move_d.png"));
+    EXPECT_EQ(colorIn(context->UnitImgLst(), "move"), TestModule::ColorOf("move_u.png"));
+    EXPECT_EQ(colorIn(context->PalletImgLst(), "turn"), TestModule::ColorOf("shared.png"));
+    EXPECT_EQ(colorIn(context->UnitImgLst(), "turn"), TestModule::ColorOf("turn.png"));
+    for (const auto& list : {context->PalletImgLst(), context->DragImgLst(), context->UnitImgLst()})
+        EXPECT_EQ(colorIn(list, "inf"), TestModule::ColorOf("shared.png"));
+
+    // A picture named by several lists and tokens, in any case, is unpacked once.
+    const QString trace = Root().Trace().TraceFile();
+    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Entry = Shared.png")), 1);
+    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Entry = shared.PNG")), 0);
+    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Entry = turn.png")), 1);
+    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Entry = move_u.png")), 1);
+
+    // No quantity or arrow tools exist yet; nothing else is offered.
+    EXPECT_EQ(context->CustomTools().Count(), 0);
+    EXPECT_EQ(context->CustomActions().Count(), 0);
+}
+
+TEST_F(StandardGameTest, DeactivationGivesEverythingBackAndActivationWorksAgain)
+{
+    const auto context = open(mixedModule(), QStringLiteral("mixed.krm"));
+    context->Activate(nullptr);
+    const std::shared_ptr<CImageList> firstUnits = context->UnitImgLst();
+    const std::shared_ptr<IToken> firstToken = context->Tokens().Item(1);
+
+    context->Deactivate();
+    EXPECT_FALSE(context->IsActive());
+    EXPECT_EQ(Root().ImageListMgr().ListCount(), 0);
+    EXPECT_EQ(firstUnits->Count(), 0);
+    EXPECT_FALSE(context->UnitImgLst());
+    EXPECT_EQ(context->Tokens().Count(), 0);
+    EXPECT_TRUE(context->MapPicture().isNull());
+    EXPECT_EQ(context->MapWidth(), 0);
+
+    // The body is read once: the unpacked definition is no longer needed.
+    ASSERT_TRUE(QFile::remove(context->Definition()->Path()));
+    context->Activate(nullptr);
+    EXPECT_TRUE(context->IsActive());
+    EXPECT_EQ(Root().ImageListMgr().ListCount(), 3);
+    ASSERT_EQ(context->Tokens().Count(), 5);
+    EXPECT_NE(context->Tokens().Item(1), firstToken);
+    EXPECT_EQ(context->Tokens().Item(1)->Id(), QStringLiteral("inf"));
+    EXPECT_EQ(context->UnitImgLst()->Count(), 5);
+
+    // Activating an active context changes nothing.
+    const std::shared_ptr<CImageList> units = context->UnitImgLst();
+    context->Activate(nullptr);
+    EXPECT_EQ(context->UnitImgLst(), units);
+    EXPECT_EQ(Root().ImageListMgr().ListCount(), 3);
+
+    context->Dispose();
+    EXPECT_EQ(Root().ImageListMgr().ListCount(), 0);
+    EXPECT_EQ(context->Id(), QStringLiteral("krm_test_module_v1"));
+}
+
+TEST_F(StandardGameTest, TokenClassNamesMatchInAnyCaseAndUnknownOnesArePlainCounters)
+{
+    CModuleDefinition::Token record;
+    record.Id = QStringLiteral("t1");
+    record.Caption = QStringLiteral("Token One");
+    record.CustomData = QStringLiteral("custom");
+    record.RegionLeft = 4;
+    record.RegionHeight = 7;
+    const std::pair<const char*, const char*> classes[] = {
+        {"cQuantityToken", "CQuantityToken"}, {"ctexttoken", "CTextToken"},
+        {"CNumericTOKEN", "CNumericToken"},   {"cemptytoken", "CEmptyToken"},
+        {"CCavalryToken", "CEmptyToken"},     {"", "CEmptyToken"},
+    };
+    for (const auto& [written, kind] : classes) {
+        record.Class = QLatin1String(written);
+        const std::shared_ptr<IToken> token =
+            CStandardGame::CreateToken(record, 9, QStringLiteral("Tab"), 40, 30);
+        SCOPED_TRACE(written);
+        EXPECT_EQ(token->Class(), QLatin1String(kind));
+        EXPECT_EQ(token->Index(), 9);
+        EXPECT_EQ(token->Category(), QStringLiteral("Tab"));
+        EXPECT_EQ(token->Caption(), QStringLiteral("Token One"));
+        EXPECT_EQ(token->Image(), QStringLiteral("t1"));
+        EXPECT_EQ(token->Custom(), QStringLiteral("custom"));
+        EXPECT_EQ(token->RegionLeft(), 4);
+        EXPECT_EQ(token->RegionTop(), 0);
+        EXPECT_EQ(token->RegionWidth(), 40);
+        EXPECT_EQ(token->RegionHeight(), 7);
+    }
+    record.Class = QStringLiteral("CARROWTOKEN");
+    const std::shared_ptr<IToken> arrow =
+        CStandardGame::CreateToken(record, 2, QStringLiteral("Tab"), 40, 30);
+    EXPECT_EQ(arrow->Class(), QStringLiteral("CArrowToken"));
+    EXPECT_EQ(arrow->Custom(), QStringLiteral("custom"));
+    EXPECT_EQ(arrow->PalletImage(), QStringLiteral("t1"));
+}
+
+TEST_F(StandardGameTest, DefaultGameWithoutInitialFileIsOneEmptyStartMap)
+{
+    const auto context = open(TestModule(), QStringLiteral("plain.krm"));
+    EXPECT_THROW(context->CreateDefaultGame(), KorvaneError);
+    context->Activate(nullptr);
+
+    const std::shared_ptr<CGame> game = context->CreateDefaultGame();
+    ASSERT_TRUE(game);
+    static const QRegularExpression idPattern(QStringLiteral("^[0-9A-F]{32}$"));
+    EXPECT_TRUE(idPattern.match(game->Id()).hasMatch());
+    ASSERT_EQ(game->MapGroups().Count(), 1);
+    const std::shared_ptr<CMapGroup> group = game->MapGroups().Item(1);
+    EXPECT_EQ(game->ActiveMapGroup(), group);
+    ASSERT_EQ(group->Maps().Count(), 1);
+    const std::shared_ptr<CMap> map = group->Maps().Item(1);
+    EXPECT_EQ(group->ActiveMap(), map);
+    EXPECT_EQ(map->Name(), QStringLiteral("Start"));
+    EXPECT_EQ(map->GroupId(), group->Id());
+    EXPECT_EQ(map->LockCount(), 1);
+    ASSERT_TRUE(map->Units());
+    EXPECT_EQ(map->Units()->Count(), 0);
+    EXPECT_EQ(game->Dirty(), 0);
+
+    const std::shared_ptr<CGame> second = context->CreateDefaultGame();
+    EXPECT_NE(second->Id(), game->Id());
+    EXPECT_NE(second->MapGroups().Item(1)->Id(), group->Id());
+}
+
+TEST_F(StandardGameTest, UnusableModulesFailWithAClearErrorAndKeepNothing)
+{
+    TestModule noBoard;
+    noBoard.WithBoard = false;
+    const auto context = open(noBoard, QStringLiteral("noboard.krm"));
+    try {
+        context->Activate(nullptr);
+        FAIL() << "a module without its board was activated";
+    } catch (const KorvaneError& error) {
+        EXPECT_EQ(error.Number(), CStandardGame::ModuleErrorNumber);
+        EXPECT_TRUE(error.Description().contains(QStringLiteral("'board.png'")))
+            << error.Description().toStdString();
+    }
+    EXPECT_FALSE(context->IsActive());
+    EXPECT_EQ(context->Tokens().Count(), 0);
+    EXPECT_EQ(Root().ImageListMgr().ListCount(), 0);
+
+    // An initial game the pack does not hold.
+    TestModule missingStart;
+    missingStart.InitialGame = QStringLiteral("start.krf");
+    const auto other = open(missingStart, QStringLiteral("nostart.krm"));
+    other->Activate(nullptr);
+    try {
+        other->CreateDefaultGame();
+        FAIL() << "a game was made from a missing initial game";
+    } catch (const KorvaneError& error) {
+        EXPECT_TRUE(error.Description().contains(QStringLiteral("'start.krf'")))
+            << error.Description().toStdString();
+    }
+    EXPECT_FALSE(Root().Context());
+
+    // A body that breaks the rules only past the header fails activation.
+    TestModule badBody;
+    badBody.Tokens.front().Left = -7;
+    const auto broken = open(badBody, QStringLiteral("badbody.krm"));
+    EXPECT_THROW(broken->Activate(nullptr), KorvaneError);
+    EXPECT_EQ(Root().ImageListMgr().ListCount(), 3) << "only the other module's lists remain";
+}
+
+TEST_F(StandardGameTest, UserDefinedContextsDifferOnlyInTheirFileType)
+{
+    const auto context = open<CUserDefinedGame>(mixedModule(), QStringLiteral("mine.udm"));
+    EXPECT_TRUE(context->IsUserDefined());
+    EXPECT_EQ(context->FileExtension(), QStringLiteral("cmf"));
+    EXPECT_EQ(context->FileCaption(), QStringLiteral("Custom Korvane Map Files"));
+    context->Activate(nullptr);
+    EXPECT_EQ(context->Tokens().Count(), 5);
+    EXPECT_EQ(context->MultiplierPrefix(), QStringLiteral("x"));
+}

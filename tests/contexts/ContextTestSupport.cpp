@@ -1,0 +1,135 @@
+#include "ContextTestSupport.h"
+
+#include "contexts/CResFileWriter.h"
+#include "core/CUtility.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+
+#include <set>
+
+namespace {
+
+QString pictureOf(const QString& entry, const TestToken& token)
+{
+    return entry.isEmpty() ? token.Id + QStringLiteral(".png") : entry;
+}
+
+} // namespace
+
+QColor TestModule::ColorOf(const QString& entry)
+{
+    const size_t hash = qHash(entry.toLower(), 17);
+    return QColor(static_cast<int>(hash & 0x7F) + 64, static_cast<int>((hash >> 8) & 0x7F) + 64,
+                  static_cast<int>((hash >> 16) & 0x7F) + 64);
+}
+
+QByteArray TestModule::Picture(const QString& entry, QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(ColorOf(entry));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QString TestModule::Definition() const
+{
+    QString tabs;
+    QStringList categories;
+    for (const TestToken& t : Tokens) {
+        if (!categories.contains(t.Category))
+            categories.append(t.Category);
+    }
+    for (const QString& category : categories) {
+        tabs += QStringLiteral("<category name=\"%1\">\n").arg(category);
+        for (const TestToken& t : Tokens) {
+            if (t.Category != category)
+                continue;
+            tabs += QStringLiteral("<token token_id=\"%1\" token_type=\"%2\">"
+                                   "<pallet_image>%3</pallet_image><drag_image>%4</drag_image>"
+                                   "<map_image>%5</map_image><caption>%6</caption>"
+                                   "<click_region_x>%7</click_region_x>"
+                                   "<click_region_y>%8</click_region_y>"
+                                   "<click_region_w>%9</click_region_w>"
+                                   "<click_region_h>%10</click_region_h>%11</token>\n")
+                        .arg(t.Id, t.Type, pictureOf(t.Pallet, t), pictureOf(t.Drag, t),
+                             pictureOf(t.Unit, t), t.Caption.isEmpty() ? t.Id : t.Caption)
+                        .arg(t.Left)
+                        .arg(t.Top)
+                        .arg(t.Width)
+                        .arg(t.Height)
+                        .arg(t.Extra);
+        }
+        tabs += QStringLiteral("</category>\n");
+    }
+    return QStringLiteral(
+               "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+               "<module_def format_version=\"1\">\n"
+               "<game_info><title>%1</title><author>Tests</author><url>https://example.org/%2"
+               "</url><copyright>none</copyright><min_kr_version>1.0</min_kr_version></game_info>\n"
+               "<game_info_ex><new_game_image>icon.png</new_game_image></game_info_ex>\n"
+               "<game_id><unique_id>%2</unique_id><version>%3</version></game_id>\n"
+               "<board_settings><board_image>%4</board_image><label_font_name>Sans"
+               "</label_font_name><label_font_size>8</label_font_size>"
+               "<label_is_transparent>false</label_is_transparent>"
+               "<label_text_html_color>#0000FF</label_text_html_color></board_settings>\n"
+               "<image_settings><mask_html_color>#FF00FF</mask_html_color>"
+               "<pallet_img_width>%5</pallet_img_width><pallet_img_height>%5</pallet_img_height>"
+               "<map_image_width>%6</map_image_width><map_image_height>%6</map_image_height>"
+               "</image_settings>\n<tabs>\n%7</tabs>\n"
+               "<initial_setup_cmf>%8</initial_setup_cmf>\n</module_def>\n")
+        .arg(Title.toHtmlEscaped(), UniqueId, Version, Board)
+        .arg(PalletSize)
+        .arg(UnitSize)
+        .arg(tabs, InitialGame);
+}
+
+QByteArray TestModule::Pack() const
+{
+    CResFileWriter writer;
+    if (WithDefinition)
+        writer.AddEntry(QStringLiteral("module.def"), Definition().toUtf8());
+    if (WithBoard)
+        writer.AddEntry(Board, Picture(Board, BoardSize));
+    writer.AddEntry(QStringLiteral("icon.png"), Picture(QStringLiteral("icon.png"), {16, 16}));
+    std::set<QString> written{Board.toLower(), QStringLiteral("icon.png")};
+    for (const TestToken& t : Tokens) {
+        for (const QString& entry :
+             {pictureOf(t.Pallet, t), pictureOf(t.Drag, t), pictureOf(t.Unit, t)}) {
+            if (written.insert(entry.toLower()).second)
+                writer.AddEntry(entry, Picture(entry, {UnitSize, UnitSize}));
+        }
+    }
+    return writer.ToBytes();
+}
+
+QString TestModule::WriteTo(const QString& path) const
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(Pack());
+    return path;
+}
+
+int CountTraceLines(const QString& traceFile, const QString& text)
+{
+    QFile file(traceFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    int count = 0;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        QByteArray trimmed = line;
+        while (trimmed.startsWith('\t'))
+            trimmed.remove(0, 1);
+        if (QString::fromUtf8(trimmed) == text)
+            ++count;
+    }
+    return count;
+}

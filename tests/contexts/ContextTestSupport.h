@@ -1,0 +1,108 @@
+#pragma once
+
+#include "core/FMessageBox.h"
+#include "core/IProgressMonitor.h"
+
+#include <QByteArray>
+#include <QColor>
+#include <QList>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+// One token of a test module; the three picture entries default to "<id>.png".
+struct TestToken
+{
+    explicit TestToken(QString id, QString type = QStringLiteral("Image"),
+                       QString category = QStringLiteral("Units"))
+        : Id(std::move(id)), Type(std::move(type)), Category(std::move(category))
+    {}
+
+    QString Id;
+    QString Type;
+    QString Category;
+    QString Caption;
+    QString Pallet;
+    QString Drag;
+    QString Unit;
+    int Left = -1;
+    int Top = -1;
+    int Width = -1;
+    int Height = -1;
+    // Written after the region: "<default_text>..</default_text>" and the like.
+    QString Extra;
+};
+
+// A module pack written by the test itself: a valid definition, a board and
+// one solid picture per named entry, each in a colour of its own.
+struct TestModule
+{
+    QString UniqueId = QStringLiteral("test_module");
+    QString Version = QStringLiteral("1");
+    QString Title = QStringLiteral("Test Module");
+    QString Board = QStringLiteral("board.png");
+    QSize BoardSize{300, 200};
+    QString InitialGame;
+    int PalletSize = 24;
+    int UnitSize = 32;
+    std::vector<TestToken> Tokens{TestToken{QStringLiteral("counter")}};
+    bool WithDefinition = true;
+    bool WithBoard = true;
+
+    QString Definition() const;
+    QByteArray Pack() const;
+    // Writes the pack to path, creating folders; returns the path.
+    QString WriteTo(const QString& path) const;
+
+    // The colour of the solid picture written for an entry.
+    static QColor ColorOf(const QString& entry);
+    static QByteArray Picture(const QString& entry, QSize size);
+};
+
+// Keeps every status line.
+class RecordingProgress : public IProgressMonitor
+{
+public:
+    void UpdateStatus(const QString& text, float minimumSeconds) override
+    {
+        Texts.append(text);
+        Seconds.append(minimumSeconds);
+    }
+    QStringList Texts;
+    QList<float> Seconds;
+};
+
+// Answers questions from a script and keeps what was shown.
+class ScriptedMessages : public FMessageBox
+{
+public:
+    struct Shown
+    {
+        QString Title;
+        QString Text;
+        Icon Kind;
+        bool IsQuestion;
+        Answer Default;
+    };
+
+    Answer Question(const QString& title, const QString& text, Buttons, Icon icon,
+                    Answer defaultButton) override
+    {
+        Boxes.push_back({title, text, icon, true, defaultButton});
+        if (Answers.isEmpty())
+            return defaultButton;
+        return Answers.takeFirst();
+    }
+    void Information(const QString& title, const QString& text, Icon icon) override
+    {
+        Boxes.push_back({title, text, icon, false, Answer::Cancel});
+    }
+
+    QList<Answer> Answers;
+    std::vector<Shown> Boxes;
+};
+
+// Lines of the trace file equal to text once leading tabs are dropped.
+int CountTraceLines(const QString& traceFile, const QString& text);
