@@ -2,6 +2,9 @@
 
 class FMainMdi;
 class FMessageBox;
+class FOpenFileDlg;
+class FProgressWin;
+class FSaveFileDlg;
 
 // The windows and dialogs of the program, created together when the root is
 // constructed. The engine reaches them only through these interfaces; the
@@ -15,4 +18,9 @@ public:
     virtual FMainMdi* MainMdi() = 0;
     // The message boxes; null when nobody can answer them.
     virtual FMessageBox* Messages() { return nullptr; }
+    // The file dialogs and the progress window; null when there are none. A
+    // missing dialog counts as cancelled.
+    virtual FSaveFileDlg* SaveFileDlg() { return nullptr; }
+    virtual FOpenFileDlg* OpenFileDlg() { return nullptr; }
+    virtual FProgressWin* ProgressWin() { return nullptr; }
 };
