@@ -207,16 +207,23 @@ bool CPersistMgr::WriteGameFile()
     // made writable first (the save is refused otherwise); on failure it
     // gets its permissions back.
     const QFileInfo existing(target);
-    const QFileDevice::Permissions previous = existing.permissions();
+    // The "user" flags describe the caller's access (root may write anything),
+    // and setting them would set the owner's bits: keep the mode bits only.
+    const QFileDevice::Permissions previous =
+        existing.permissions() &
+        ~(QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser);
     const bool wasReadOnly = existing.isFile() && !(previous & QFileDevice::WriteOwner);
     if (wasReadOnly && !QFile::setPermissions(target, previous | QFileDevice::WriteOwner |
                                                           QFileDevice::WriteUser)) {
         scope.Denote(QStringLiteral("Cannot clear the read-only permission"));
         return false;
     }
+    // Unbuffered, so that a short write (disk full, file size limit) shows in
+    // write's result: a buffered QSaveFile would drop the unwritten rest at
+    // commit and replace the old file with a truncated one.
     QSaveFile file(target);
-    const bool written =
-        file.open(QIODevice::WriteOnly) && file.write(image) == image.size() && file.commit();
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                         file.write(image) == image.size() && file.commit();
     if (!written) {
         scope.Denote(file.errorString());
         if (wasReadOnly)
