@@ -76,7 +76,8 @@ protected:
             lines << group->Id() + '|' + QString::number(group->Frozen());
             for (const auto& map : group->Maps()) {
                 map->AquireLock();
-                lines << map->Name() + '|' + map->Text() + '|' + QString::number(map->Frozen());
+                lines << map->Name() + '|' + map->Remarks() + '|' + map->Text() + '|' +
+                             QString::number(map->Frozen());
                 for (const auto& u : *map->Units())
                     lines << QStringList{u->Token()->PersistId() ? u->Id() : QString(),
                                          u->Token()->Id(),
@@ -124,12 +125,12 @@ protected:
         return out;
     }
 
-    static QByteArray fileAround(const QByteArray& body, std::int32_t declared = -1)
+    static QByteArray fileAround(const QByteArray& body)
     {
         return Bytes()
             .append("KR01")
             .small(alphaId.toLatin1())
-            .i32(declared < 0 ? static_cast<std::int32_t>(body.size()) : declared)
+            .i32(static_cast<std::int32_t>(body.size()))
             .append(compressed(body))
             .data();
     }
@@ -166,6 +167,7 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
         start->Arrows()->AddItem(arrow);
     }
     auto turn2 = addMap(*first, QStringLiteral("Turn 2"));
+    turn2->SetRemarks(QStringLiteral("rain"));
     turn2->AquireLock();
     addUnit(*turn2, QStringLiteral("note"), 40, QStringLiteral("Hold"));
     turn2->ReleaseLock();
