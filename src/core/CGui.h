@@ -6,6 +6,9 @@ class FMainMdi;
 class FMessageBox;
 class FPopupMenu;
 class FSplitUnitDlg;
+class FOpenFileDlg;
+class FProgressWin;
+class FSaveFileDlg;
 
 // The windows and dialogs of the program, created together when the root is
 // constructed. The engine reaches them only through these interfaces; the
@@ -26,4 +29,9 @@ public:
     virtual FEditUnitNumDlg* EditUnitNumDlg() { return nullptr; }
     virtual FEditUnitTextDlg* EditUnitTextDlg() { return nullptr; }
     virtual FSplitUnitDlg* SplitUnitDlg() { return nullptr; }
+    // The file dialogs and the progress window; null when there are none. A
+    // missing dialog counts as cancelled.
+    virtual FSaveFileDlg* SaveFileDlg() { return nullptr; }
+    virtual FOpenFileDlg* OpenFileDlg() { return nullptr; }
+    virtual FProgressWin* ProgressWin() { return nullptr; }
 };

@@ -12,6 +12,7 @@
 #include "core/IProgressMonitor.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
+#include "persist/CPersistMgr.h"
 #include "persist/CZlib.h"
 
 #include <cstdlib>
@@ -95,6 +96,7 @@ void CKorvane::Constructor(IProgressMonitor* progress)
     m_trace = std::make_unique<CDebug>(CUtility::GetAppPath() + QStringLiteral("debug.txt"));
     if (qEnvironmentVariable("KORVANE_TRACE") == QLatin1String("1"))
         m_trace->SetEnabled(true);
+    m_persistMgr = std::make_unique<CPersistMgr>();
     m_config = std::make_unique<CConfiguration>();
     m_zlib = std::make_unique<CZlib>();
     m_imageListMgr = std::make_unique<CImageListMgr>();
@@ -149,6 +151,7 @@ void CKorvane::Dispose()
     m_imageListMgr.reset();
     m_zlib.reset();
     m_config.reset();
+    m_persistMgr.reset();
     m_trace.reset();
     m_utility.reset();
     m_controls.reset();

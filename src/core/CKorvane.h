@@ -17,6 +17,7 @@ class CGame;
 class CImageListMgr;
 class CGameEventMgr;
 class CGui;
+class CPersistMgr;
 class IGameContext;
 class CUtility;
 class CZlib;
@@ -51,6 +52,7 @@ public:
     CControlHost& Controls() const { return *m_controls; }
     CUtility& Utility() const { return *m_utility; }
     CDebug& Trace() const { return *m_trace; }
+    CPersistMgr& PersistMgr() const { return *m_persistMgr; }
     CConfiguration& Config() const { return *m_config; }
     CZlib& Zlib() const { return *m_zlib; }
     CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
@@ -75,6 +77,7 @@ private:
     std::unique_ptr<CControlHost> m_controls;
     std::unique_ptr<CUtility> m_utility;
     std::unique_ptr<CDebug> m_trace;
+    std::unique_ptr<CPersistMgr> m_persistMgr;
     std::unique_ptr<CConfiguration> m_config;
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CImageListMgr> m_imageListMgr;

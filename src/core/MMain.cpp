@@ -1,8 +1,105 @@
 #include "MMain.h"
 
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/CTraceScope.h"
 #include "core/CUtility.h"
+#include "core/FMessageBox.h"
+#include "core/FProgressWin.h"
+#include "core/KorvaneError.h"
+#include "model/CGameEventMgr.h"
+#include "persist/CPersistMgr.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+namespace {
+
+// The busy pointer while a file is opened; nothing without a GUI application.
+class WaitCursor
+{
+public:
+    WaitCursor() : m_shown(qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+    {
+        if (m_shown)
+            QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    }
+    ~WaitCursor()
+    {
+        if (m_shown)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+private:
+    bool m_shown;
+};
+
+// The progress window, shown for as long as this lives.
+class ProgressShown
+{
+public:
+    explicit ProgressShown(FProgressWin* window) : m_window(window)
+    {
+        if (m_window) {
+            m_window->Load();
+            m_window->Show();
+        }
+    }
+    ~ProgressShown()
+    {
+        if (m_window) {
+            m_window->Hide();
+            m_window->Unload();
+        }
+    }
+    ProgressShown(const ProgressShown&) = delete;
+    ProgressShown& operator=(const ProgressShown&) = delete;
+
+private:
+    FProgressWin* m_window;
+};
+
+// Makes context the active one. Another active context is removed first and
+// the change announced; the same context stays as it is. False when the new
+// context cannot be activated: no context is active then, and the user has
+// been told why.
+bool switchContext(const std::shared_ptr<IGameContext>& context)
+{
+    CKorvane& root = Root();
+    if (root.Context() && root.Context()->Id() != context->Id()) {
+        const std::shared_ptr<IGameContext> old = root.Context();
+        root.SetContext(nullptr);
+        root.EventMgr().NotifyOfNewContext(nullptr);
+        old->Deactivate();
+    }
+    if (root.Context())
+        return true;
+
+    CGui* gui = root.Gui();
+    FProgressWin* window = gui ? gui->ProgressWin() : nullptr;
+    const ProgressShown shown(window);
+    root.SetContext(context);
+    try {
+        context->Activate(window);
+    } catch (const KorvaneError& failure) {
+        root.SetContext(nullptr);
+        if (FMessageBox* messages = gui ? gui->Messages() : nullptr)
+            messages->Information(CKorvane::Name(),
+                                  QStringLiteral("The module '") + context->Caption() +
+                                      QStringLiteral("' cannot be loaded.\n\n") +
+                                      failure.Description(),
+                                  FMessageBox::Icon::Exclamation);
+        return false;
+    }
+    root.EventMgr().NotifyOfNewContext(nullptr);
+    return true;
+}
+
+} // namespace
 
 namespace MMain {
 
@@ -49,7 +146,19 @@ void HandleCommandLine(const QString& commandLine)
     const QString path = ExtractFileArgument(line);
     if (path.isEmpty())
         return;
-    // Opening the file needs the context manager and the persistence manager.
+    CKorvane& root = Root();
+    const QString contextId = root.PersistMgr().ContextIdFromFile(path);
+    if (contextId.isEmpty())
+        return;
+    const WaitCursor wait;
+    // A file of a module that is not installed is ignored.
+    const std::int32_t position = root.ContextMgr().PosOfContext(contextId);
+    if (position == 0)
+        return;
+    if (!switchContext(root.ContextMgr().Context(position)))
+        return;
+    if (root.PersistMgr().LoadGameFromFile(path))
+        root.EventMgr().NotifyOfNewGame(nullptr);
 }
 
 void ShutdownApplication()

@@ -14,7 +14,9 @@ QString JoinArguments(const QStringList& arguments);
 // first argument counts; lines under 5 characters are ignored.
 QString ExtractFileArgument(const QString& commandLine);
 
-// Opens the game file named on the command line, if any.
+// Opens the game file named on the command line, if any: activates the
+// context that wrote it (announcing the change) and makes it the current game.
+// A file of a module that is not installed is ignored silently.
 void HandleCommandLine(const QString& commandLine);
 
 // Disposes and releases the root.

@@ -86,7 +86,7 @@ TEST_F(GameFile, anEmptyGameIsWrittenExactlyAsTheFormatSays)
 TEST_F(GameFile, everyRemainderIsPaddedWithZerosToAMultipleOfFour)
 {
     QSet<qsizetype> unpaddedRemainders;
-    for (int length = 0; length < 12; ++length) {
+    for (int length = 0; length < 64; ++length) {
         const auto game = emptyGame(QString(length, QLatin1Char('n')));
         const QByteArray file = CGameFile::ToBytes(*game, QStringLiteral("krm_test_v1"));
         CGameFile::Header header;
@@ -109,7 +109,7 @@ TEST_F(GameFile, everyRemainderIsPaddedWithZerosToAMultipleOfFour)
         EXPECT_EQ(file.mid(unpadded), QByteArray(file.size() - unpadded, '\0'));
         unpaddedRemainders.insert(unpadded % 4);
     }
-    EXPECT_EQ(unpaddedRemainders.size(), 4) << "names of 0 to 11 characters reach every remainder";
+    EXPECT_EQ(unpaddedRemainders.size(), 4) << "names of 0 to 63 characters reach every remainder";
 }
 
 TEST_F(GameFile, aSavedGameReadsBackWithItsIdsAndContent)

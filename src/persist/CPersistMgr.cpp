@@ -1,0 +1,358 @@
+#include "CPersistMgr.h"
+
+#include "actions/CActionMgr.h"
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CConfiguration.h"
+#include "core/CDebug.h"
+#include "core/CGui.h"
+#include "core/CKorvane.h"
+#include "core/CTraceScope.h"
+#include "core/CUtility.h"
+#include "core/FMessageBox.h"
+#include "core/FOpenFileDlg.h"
+#include "core/FSaveFileDlg.h"
+#include "core/KorvaneError.h"
+#include "model/CGame.h"
+#include "persist/CGameFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QScopedValueRollback>
+#include <QStringList>
+
+#include <zlib.h>
+
+namespace {
+
+const QString saveFilter = QStringLiteral("Korvane Game Files  (*.krf)|*.krf");
+const QString openDefaultPattern = QStringLiteral("*.krf;*.cmf");
+
+// Magic, the longest context id and the body length, a body of the largest
+// length the reader accepts at zlib's worst expansion, and the padding. A
+// larger file is refused before it is read into memory.
+const qint64 maximumFileSize =
+    4 + 1 + 255 + 4 + static_cast<qint64>(compressBound(CGameFile::MaximumBodyLength)) + 3;
+
+FMessageBox* messages()
+{
+    CGui* gui = Root().Gui();
+    return gui ? gui->Messages() : nullptr;
+}
+
+void tell(const QString& text, FMessageBox::Icon icon)
+{
+    if (CDebug* trace = CTraceScope::ActiveTrace())
+        trace->DenoteMethod(text);
+    if (FMessageBox* box = messages())
+        box->Information(CKorvane::Name(), text, icon);
+}
+
+// A reason as a sentence of its own: capital first letter, closing full stop.
+QString sentence(QString reason)
+{
+    if (reason.isEmpty())
+        return reason;
+    reason[0] = reason[0].toUpper();
+    if (!reason.endsWith(QLatin1Char('.')))
+        reason += QLatin1Char('.');
+    return reason;
+}
+
+QString lastDir()
+{
+    return Root().Config().GetValue(QLatin1String(CPersistMgr::SettingsSection),
+                                    QLatin1String(CPersistMgr::LastDirKey));
+}
+
+void setLastDir(const QString& directory)
+{
+    Root().Config().SetValue(QLatin1String(CPersistMgr::SettingsSection),
+                             QLatin1String(CPersistMgr::LastDirKey), directory);
+}
+
+QString joinPath(const QString& directory, const QString& name, const QString& extension)
+{
+    return extension.isEmpty() ? directory + name : directory + name + QLatin1Char('.') + extension;
+}
+
+// The installed context whose id matches without regard to case, or null.
+std::shared_ptr<IGameContext> installedContext(const QString& id)
+{
+    const CContextMgr& manager = Root().ContextMgr();
+    for (std::int32_t i = 1; i <= manager.ContextCount(); ++i) {
+        std::shared_ptr<IGameContext> context = manager.Context(i);
+        if (QString::compare(context->Id(), id, Qt::CaseInsensitive) == 0)
+            return context;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+bool CPersistMgr::SaveCurrentGame()
+{
+    CTraceScope scope("SaveCurrentGame", "CPersistMgr");
+    return save(false);
+}
+
+bool CPersistMgr::SaveCurrentGameAs()
+{
+    CTraceScope scope("SaveCurrentGameAs", "CPersistMgr");
+    return save(true);
+}
+
+bool CPersistMgr::MaySave() const
+{
+    return !m_saving && Root().Game() && Root().Context();
+}
+
+bool CPersistMgr::save(bool askForName)
+{
+    if (!MaySave())
+        return false;
+    const QScopedValueRollback<bool> busy(m_saving, true);
+    // Held here so the game outlives the save whatever the dialogs do.
+    const std::shared_ptr<CGame> game = Root().Game();
+    if (askForName || game->Directory().isEmpty() || game->File().isEmpty()) {
+        if (!SelectFileToSave())
+            return false;
+    }
+    if (!WriteGameFile()) {
+        tell(QStringLiteral("Disk write error!"), FMessageBox::Icon::Critical);
+        return false;
+    }
+    game->SetDirty(0);
+    Root().ActionMgr().Clear();
+    return true;
+}
+
+bool CPersistMgr::AbandonCurrentGame()
+{
+    CTraceScope scope("AbandonCurrentGame", "CPersistMgr");
+    const std::shared_ptr<CGame>& game = Root().Game();
+    if (!game || game->Dirty() == 0)
+        return true;
+    FMessageBox::Answer answer = FMessageBox::Answer::Yes;
+    if (FMessageBox* box = messages())
+        answer = box->Question(CKorvane::Name(),
+                               QStringLiteral("The current game has been modified.  Do you want "
+                                              "to save the changes to this game?"),
+                               FMessageBox::Buttons::YesNoCancel, FMessageBox::Icon::Question,
+                               FMessageBox::Answer::Yes);
+    switch (answer) {
+    case FMessageBox::Answer::Yes:
+        return SaveCurrentGame();
+    case FMessageBox::Answer::No:
+        return true;
+    case FMessageBox::Answer::Cancel:
+        break;
+    }
+    return false;
+}
+
+bool CPersistMgr::SelectFileToSave()
+{
+    CTraceScope scope("SelectFileToSave", "CPersistMgr");
+    CGame& game = *Root().Game();
+    CGui* gui = Root().Gui();
+    FSaveFileDlg* dialog = gui ? gui->SaveFileDlg() : nullptr;
+    if (!dialog)
+        return false;
+
+    QString directory = game.Directory();
+    if (!CUtility::DirExists(directory)) {
+        directory = lastDir();
+        if (!CUtility::DirExists(directory))
+            directory = CUtility::GetCurrentPath();
+    }
+    const QString name = game.File().isEmpty() ? game.Name() : game.File();
+    const QString extension = game.Extension().isEmpty() ? QStringLiteral("krf") : game.Extension();
+    if (!dialog->Display(saveFilter, name, extension, directory))
+        return false;
+
+    game.SetFile(dialog->SelFile());
+    game.SetExtension(dialog->SelExt());
+    game.SetDirectory(dialog->SelDir());
+    setLastDir(dialog->SelDir());
+    return true;
+}
+
+QByteArray CPersistMgr::GameToStream() const
+{
+    const QString storedId = CContextMgr::TranslateInternalId(Root().Context()->Id());
+    return CGameFile::ToBytes(*Root().Game(), storedId);
+}
+
+bool CPersistMgr::WriteGameFile()
+{
+    CTraceScope scope("WriteGameFile", "CPersistMgr");
+    const CGame& game = *Root().Game();
+    QByteArray image;
+    try {
+        image = GameToStream();
+    } catch (const KorvaneError& failure) {
+        scope.Denote(failure.Description());
+        return false;
+    } catch (const std::bad_alloc&) {
+        scope.Denote(QStringLiteral("Out of memory"));
+        return false;
+    }
+
+    const QString target = joinPath(game.Directory(), game.File(), game.Extension());
+    scope.Denote(QStringLiteral("Target = ") + target);
+    // The new file replaces the old one in a single rename, so any failure
+    // before that leaves the old file as it was. A read-only target must be
+    // made writable first (the save is refused otherwise); on failure it
+    // gets its permissions back.
+    const QFileInfo existing(target);
+    // The "user" flags describe the caller's access (root may write anything),
+    // and setting them would set the owner's bits: keep the mode bits only.
+    const QFileDevice::Permissions previous =
+        existing.permissions() &
+        ~(QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser);
+    const bool wasReadOnly = existing.isFile() && !(previous & QFileDevice::WriteOwner);
+    if (wasReadOnly && !QFile::setPermissions(target, previous | QFileDevice::WriteOwner |
+                                                          QFileDevice::WriteUser)) {
+        scope.Denote(QStringLiteral("Cannot clear the read-only permission"));
+        return false;
+    }
+    // Unbuffered, so that a short write (disk full, file size limit) shows in
+    // write's result: a buffered QSaveFile would drop the unwritten rest at
+    // commit and replace the old file with a truncated one.
+    QSaveFile file(target);
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                         file.write(image) == image.size() && file.commit();
+    if (!written) {
+        scope.Denote(file.errorString());
+        if (wasReadOnly)
+            QFile::setPermissions(target, previous);
+        return false;
+    }
+    // "Archive only": the owner may read and write, nobody else anything.
+    if (!QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                           QFileDevice::ReadUser | QFileDevice::WriteUser))
+        scope.Denote(QStringLiteral("Cannot set the permissions of the new file"));
+    setLastDir(game.Directory());
+    return true;
+}
+
+QString CPersistMgr::ContextIdFromFile(const QString& fileName) const
+{
+    CTraceScope scope("ContextIdFromFile", "CPersistMgr");
+    const QString id = CContextMgr::TranslateExternalId(CGameFile::StoredContextIdOfFile(fileName));
+    scope.Denote(QStringLiteral("Context Id = ") + id);
+    return id;
+}
+
+void CPersistMgr::refuseFile(const QString& fileName, const QString& reason) const
+{
+    tell(QStringLiteral("File '") + fileName + QStringLiteral("' cannot be opened.\n\n") +
+             sentence(reason),
+         FMessageBox::Icon::Exclamation);
+}
+
+std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
+{
+    CTraceScope scope("FileToGame", "CPersistMgr");
+    scope.Denote(fileName);
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        refuseFile(fileName, file.errorString());
+        return nullptr;
+    }
+    if (file.size() > maximumFileSize) {
+        refuseFile(fileName, QStringLiteral("it is too large to be a Korvane game file"));
+        return nullptr;
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        refuseFile(fileName, file.errorString());
+        return nullptr;
+    }
+    file.close();
+
+    CGameFile::Header header;
+    QString reason;
+    if (!CGameFile::ReadHeader(bytes, header, &reason)) {
+        refuseFile(fileName, reason);
+        return nullptr;
+    }
+    const QString contextId = CContextMgr::TranslateExternalId(header.StoredContextId);
+    scope.Denote(QStringLiteral("Context Id = ") + contextId);
+    const std::shared_ptr<IGameContext>& active = Root().Context();
+    if (!active || QString::compare(contextId, active->Id(), Qt::CaseInsensitive) != 0) {
+        // The caller activates the file's context first; a file that gets here
+        // names a module that is missing, or one that is not active.
+        if (const auto other = installedContext(contextId))
+            refuseFile(fileName, QStringLiteral("it was saved with the game module '") +
+                                     other->Caption() +
+                                     QStringLiteral("', which is not the active one"));
+        else
+            tell(QStringLiteral("File '") + fileName +
+                     QStringLiteral("' is either invalid or you do not have the corresponding "
+                                    "Module installed."),
+                 FMessageBox::Icon::Exclamation);
+        return nullptr;
+    }
+
+    std::shared_ptr<CGame> game = CGameFile::FromBytes(bytes, &reason);
+    if (!game)
+        refuseFile(fileName, reason);
+    return game;
+}
+
+bool CPersistMgr::LoadGameFromFile(const QString& fileName)
+{
+    CTraceScope scope("LoadGameFromFile", "CPersistMgr");
+    std::shared_ptr<CGame> game = FileToGame(fileName);
+    if (!game)
+        return false;
+    // Absolute, so that a game opened by a relative name saves back to the
+    // same file whatever the current directory becomes.
+    QString directory;
+    QString name;
+    QString extension;
+    CUtility::ParsePath(QFileInfo(fileName).absoluteFilePath(), directory, name, extension);
+    game->SetFile(name);
+    game->SetDirectory(directory);
+    game->SetExtension(extension);
+    Root().SetGame(std::move(game));
+    return true;
+}
+
+QString CPersistMgr::SelectFileToOpen()
+{
+    CTraceScope scope("SelectFileToOpen", "CPersistMgr");
+    QStringList entries{QStringLiteral("Korvane Map Files (*.krf, *.cmf)"),
+                        QStringLiteral("*.krf;*.cmf")};
+    QStringList legacyPatterns;
+    const CContextMgr& manager = Root().ContextMgr();
+    for (std::int32_t i = 1; i <= manager.ContextCount(); ++i) {
+        const std::shared_ptr<IGameContext> context = manager.Context(i);
+        const QString extension = context->FileExtension();
+        if (extension == QLatin1String("krf"))
+            continue;
+        const QString pattern = QStringLiteral("*.") + extension;
+        entries << context->FileCaption() + QStringLiteral("  (") + pattern + QLatin1Char(')')
+                << pattern;
+        if (!legacyPatterns.contains(pattern))
+            legacyPatterns << pattern;
+    }
+    entries << QStringLiteral("Legacy Korvane Map Files") << legacyPatterns.join(QLatin1Char(';'));
+
+    CGui* gui = Root().Gui();
+    FOpenFileDlg* dialog = gui ? gui->OpenFileDlg() : nullptr;
+    if (!dialog)
+        return QString();
+    QString directory = lastDir();
+    if (!CUtility::DirExists(directory))
+        directory = CUtility::GetCurrentPath();
+    if (!dialog->Display(entries.join(QLatin1Char('|')), openDefaultPattern, directory))
+        return QString();
+    setLastDir(dialog->SelDir());
+    const QString path = joinPath(dialog->SelDir(), dialog->SelFile(), dialog->SelExt());
+    scope.Denote(path);
+    return path;
+}

@@ -1,0 +1,568 @@
+#include "PersistTestSupport.h"
+
+#include "actions/CActionGroup.h"
+#include "actions/CActionMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CConfiguration.h"
+#include "core/CUtility.h"
+#include "model/CArrow.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "model/CUnit.h"
+#include "model/ModelTestSupport.h"
+#include "persist/CGameFile.h"
+#include "persist/CPersistMgr.h"
+#include "tokens/IToken.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <zlib.h>
+
+namespace {
+
+using Icon = FMessageBox::Icon;
+using Answer = FMessageBox::Answer;
+
+const QString alphaId = QStringLiteral("krm_alpha_v1");
+const QString saveFilter = QStringLiteral("Korvane Game Files  (*.krf)|*.krf");
+
+class PersistMgrTest : public PersistTest
+{
+protected:
+    // Starts with the module "alpha" installed and active.
+    TestGui* startAlpha()
+    {
+        writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
+        TestGui* gui = start();
+        activate(alphaId);
+        return gui;
+    }
+
+    static std::shared_ptr<CUnit> addUnit(CMap& map, const QString& tokenId, std::int32_t x,
+                                          const QString& caption = QString())
+    {
+        const CVector<IToken>& tokens = Root().Context()->Tokens();
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
+                                            tokens.Item(CUtility::SearchById(tokens, tokenId)));
+        unit->SetX(x);
+        unit->SetY(x * 3 + 1);
+        unit->SetCaption(caption);
+        unit->SetData(QString::number(x % 7));
+        unit->SetHasMoved(x % 2 == 1);
+        map.Units()->AddItem(unit);
+        return unit;
+    }
+
+    static std::shared_ptr<CMap> addMap(CMapGroup& group, const QString& name)
+    {
+        auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
+        map->SetName(name);
+        map->SetText(name + QStringLiteral(" text"));
+        group.Maps().AddItem(map);
+        return map;
+    }
+
+    // Everything a save keeps, one line per record, leaving out the ids that
+    // loading renews (maps, units of tokens that do not keep ids).
+    static QStringList describe(const CGame& game)
+    {
+        QStringList lines{game.Id() + '|' + game.Name() + '|' + game.Remarks()};
+        for (const auto& group : game.MapGroups()) {
+            lines << group->Id() + '|' + QString::number(group->Frozen());
+            for (const auto& map : group->Maps()) {
+                map->AquireLock();
+                lines << map->Name() + '|' + map->Remarks() + '|' + map->Text() + '|' +
+                             QString::number(map->Frozen());
+                for (const auto& u : *map->Units())
+                    lines << QStringList{u->Token()->PersistId() ? u->Id() : QString(),
+                                         u->Token()->Id(),
+                                         QString::number(u->x()),
+                                         QString::number(u->y()),
+                                         u->Caption(),
+                                         u->Data(),
+                                         QString::number(u->HasMoved())}
+                                 .join('|');
+                for (const auto& a : *map->Arrows())
+                    lines << a->Id() + '|' + QString::number(a->HeadX()) + '|' +
+                                 QString::number(a->Color());
+                map->ReleaseLock();
+            }
+        }
+        return lines;
+    }
+
+    // The ids of every map and of every unit whose token does not keep ids.
+    static QSet<QString> renewableIds(const CGame& game)
+    {
+        QSet<QString> ids;
+        for (const auto& group : game.MapGroups()) {
+            for (const auto& map : group->Maps()) {
+                ids << map->Id();
+                map->AquireLock();
+                for (const auto& unit : *map->Units()) {
+                    if (!unit->Token()->PersistId())
+                        ids << unit->Id();
+                }
+                map->ReleaseLock();
+            }
+        }
+        return ids;
+    }
+
+    static QByteArray compressed(const QByteArray& body)
+    {
+        uLongf length = compressBound(static_cast<uLong>(body.size()));
+        QByteArray out(static_cast<qsizetype>(length), '\0');
+        compress2(reinterpret_cast<Bytef*>(out.data()), &length,
+                  reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()),
+                  9);
+        out.resize(static_cast<qsizetype>(length));
+        return out;
+    }
+
+    static QByteArray fileAround(const QByteArray& body)
+    {
+        return Bytes()
+            .append("KR01")
+            .small(alphaId.toLatin1())
+            .i32(static_cast<std::int32_t>(body.size()))
+            .append(compressed(body))
+            .data();
+    }
+
+    static QByteArray currentImage() { return CGameFile::ToBytes(*Root().Game(), alphaId); }
+    static bool mayUndo() { return Root().ActionMgr().NextUndoAction() != nullptr; }
+    static QString lastDir()
+    {
+        return Root().Config().GetValue(QStringLiteral("CPersistMgr"), QStringLiteral("LastDir"));
+    }
+    static void markChanged()
+    {
+        Root().ActionMgr().Execute(std::make_shared<CActionGroup>());
+        Root().Game()->SetDirty(2);
+    }
+};
+
+} // namespace
+
+TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActive)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Campaign"));
+    game->SetRemarks(QStringLiteral("Second try"));
+    const auto first = game->ActiveMapGroup();
+    first->SetFrozen(true);
+    const auto start = first->ActiveMap();
+    addUnit(*start, QStringLiteral("inf"), 10, QStringLiteral("x3"));
+    addUnit(*start, QStringLiteral("move"), 11);
+    for (const std::int32_t color : {255, 65280}) {
+        auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+        arrow->SetHeadX(color / 5);
+        arrow->SetColor(color);
+        start->Arrows()->AddItem(arrow);
+    }
+    auto turn2 = addMap(*first, QStringLiteral("Turn 2"));
+    turn2->SetRemarks(QStringLiteral("rain"));
+    turn2->AquireLock();
+    addUnit(*turn2, QStringLiteral("note"), 40, QStringLiteral("Hold"));
+    turn2->ReleaseLock();
+    auto second = std::make_shared<CMapGroup>(CUtility::GenerateId());
+    game->MapGroups().AddItem(second);
+    addMap(*second, QStringLiteral("Turn 3"));
+    const auto turn4 = addMap(*second, QStringLiteral("Turn 4"));
+    game->SwitchTo(second);
+    turn4->AquireLock();
+    addUnit(*turn4, QStringLiteral("move"), 77);
+    addUnit(*turn4, QStringLiteral("mark"), 5, QStringLiteral("5"));
+    turn4->ReleaseLock();
+    // Saved with the first group's first map active.
+    markChanged();
+
+    QDir().mkpath(home.File(QStringLiteral("games")));
+    gui->Save.Choose(home.File(QStringLiteral("games/")), QStringLiteral("campaign"),
+                     QStringLiteral("krf"));
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    const QStringList proposal{saveFilter, "Campaign", "krf", CUtility::GetCurrentPath()};
+    EXPECT_EQ(gui->Save.Shown, QStringList{proposal.join(" # ")});
+    EXPECT_EQ(game->Dirty(), 0);
+    EXPECT_FALSE(mayUndo());
+    EXPECT_EQ(lastDir(), home.File(QStringLiteral("games/")));
+    const QString path = home.File(QStringLiteral("games/campaign.krf"));
+    EXPECT_EQ(home.ReadFile(QStringLiteral("games/campaign.krf")), currentImage());
+    EXPECT_EQ(Root().PersistMgr().ContextIdFromFile(path), alphaId);
+
+    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
+    const auto loaded = Root().Game();
+    ASSERT_NE(loaded, game);
+    EXPECT_EQ(describe(*loaded), describe(*game));
+    EXPECT_TRUE(renewableIds(*loaded).intersect(renewableIds(*game)).isEmpty());
+    EXPECT_EQ(loaded->File(), QStringLiteral("campaign"));
+    EXPECT_EQ(loaded->Extension(), QStringLiteral("krf"));
+    EXPECT_EQ(loaded->Directory(), home.File(QStringLiteral("games/")));
+    EXPECT_EQ(loaded->ActiveMapGroup(), loaded->MapGroups().Item(2));
+    EXPECT_EQ(loaded->MapGroups().Item(1)->ActiveMap()->Name(), QStringLiteral("Turn 2"));
+    EXPECT_EQ(loaded->MapGroups().Item(2)->ActiveMap()->Name(), QStringLiteral("Turn 4"));
+    EXPECT_TRUE(gui->Boxes.Boxes.empty());
+}
+
+TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
+{
+    startAlpha();
+    struct Case
+    {
+        int maps;
+        QList<int> groupSizes;
+        QString firstMap;
+    };
+    const Case cases[] = {{120, {120}, "M1"},
+                          {151, {99, 52}, "M1"},
+                          {1060, {99, 100, 100, 100, 100, 100, 100, 100, 100, 61}, "M101"}};
+    for (const Case& c : cases) {
+        Bytes body;
+        body.i16(1).small("OLDGAME").small("Old").small("").i16(static_cast<std::int16_t>(c.maps));
+        for (int i = 1; i <= c.maps; ++i) {
+            body.i16(1).small("M" + QByteArray::number(i)).small("").text("").i16(0);
+            if (i == c.maps) // one unit of token 1 on the last map
+                body.i16(1).i16(1).small("inf").i16(1).i32(i).i32(-i).small("x2").small("2");
+            else
+                body.i16(0);
+            body.i16(0);
+        }
+        const QString path =
+            home.WriteFile(QStringLiteral("old%1.krf").arg(c.maps), fileAround(body.data()));
+        ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path)) << c.maps;
+
+        const CGame& game = *Root().Game();
+        QList<int> sizes;
+        for (std::int32_t g = 1; g <= game.MapGroups().Count(); ++g) {
+            const auto& group = game.MapGroups().Item(g);
+            sizes << group->Maps().Count();
+            EXPECT_EQ(group->Frozen(), g < game.MapGroups().Count()) << c.maps << " group " << g;
+        }
+        EXPECT_EQ(sizes, c.groupSizes);
+        EXPECT_EQ(game.MapGroups().Item(1)->Maps().Item(1)->Name(), c.firstMap);
+        const auto last = game.ActiveMapGroup()->ActiveMap();
+        EXPECT_EQ(game.ActiveMapGroup(), game.MapGroups().Item(game.MapGroups().Count()));
+        EXPECT_EQ(last, game.ActiveMapGroup()->Maps().Item(game.ActiveMapGroup()->Maps().Count()));
+        EXPECT_EQ(last->Name(), QStringLiteral("M%1").arg(c.maps));
+        ASSERT_EQ(last->Units()->Count(), 1);
+        EXPECT_EQ(last->Units()->Item(1)->y(), -c.maps);
+        EXPECT_FALSE(last->Units()->Item(1)->HasMoved());
+    }
+}
+
+TEST_F(PersistMgrTest, AUnitIsFoundWhenItsTokenHasMovedInTheModule)
+{
+    writeModule(QStringLiteral("alpha.krm"),
+                module(QStringLiteral("alpha"), {"a", "b", "c", "d", "e"}));
+    start();
+    activate(alphaId);
+    const auto map = newGame(QStringLiteral("Moved"))->ActiveMapGroup()->ActiveMap();
+    addUnit(*map, QStringLiteral("e"), 1);
+    addUnit(*map, QStringLiteral("a"), 2);
+    ASSERT_EQ(map->Units()->Item(1)->Token()->Index(), 5);
+    const QString path = home.WriteFile(QStringLiteral("moved.krf"), currentImage());
+    ReleaseRoot();
+
+    // The next version of the module puts two tokens in front of "e".
+    writeModule(QStringLiteral("alpha.krm"),
+                module(QStringLiteral("alpha"), {"a", "b", "c", "d", "x", "y", "e"}));
+    start();
+    activate(alphaId);
+    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
+    const auto units = Root().Game()->ActiveMapGroup()->ActiveMap()->Units();
+    ASSERT_EQ(units->Count(), 2);
+    EXPECT_EQ(units->Item(1)->Token(), Root().Context()->Tokens().Item(7));
+    EXPECT_EQ(units->Item(2)->Token(), Root().Context()->Tokens().Item(1));
+}
+
+TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeNothing)
+{
+    writeModule(QStringLiteral("beta.krm"), module(QStringLiteral("beta")));
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Current"));
+    addUnit(*game->ActiveMapGroup()->ActiveMap(), QStringLiteral("inf"), 3);
+    game->SetFile(QStringLiteral("current"));
+    game->SetDirty(2);
+    const QByteArray before = currentImage();
+
+    const QByteArray good = CGameFile::ToBytes(*game, alphaId);
+    CGameFile::Header header;
+    ASSERT_TRUE(CGameFile::ReadHeader(good, header, nullptr));
+    QByteArray flipped = good;
+    flipped[header.BodyOffset + 7] = static_cast<char>(flipped[header.BodyOffset + 7] ^ 0x55);
+    QByteArray longer = good;
+    const std::int32_t more = header.BodyLength + 10;
+    std::memcpy(longer.data() + header.BodyOffset - 4, &more, 4);
+    const QByteArray gameStart = Bytes().i16(2).small("G").small("").small("").data();
+    const QByteArray mapStart = Bytes()
+                                    .i16(1)
+                                    .small("GR")
+                                    .i16(1)
+                                    .i16(0)
+                                    .i16(1)
+                                    .i16(1)
+                                    .small("")
+                                    .small("")
+                                    .text("")
+                                    .i16(0)
+                                    .data();
+    const QByteArray truncated = gameStart + Bytes().i16(1).small("GR").i16(1).data();
+    const QByteArray hugeCount = gameStart + mapStart + Bytes().i16(30000).i32(0).data();
+    const QByteArray ghost =
+        gameStart + mapStart + Bytes().i16(1).i16(2).small("ghost").i16(2).i32(1).i32(1).data();
+    const QByteArray newer = Bytes().i16(3).small("G").data();
+
+    const struct
+    {
+        const char* file;
+        QByteArray bytes;
+        QString reason;
+    } cases[] = {
+        {"magic.krf", "KR02" + good.mid(4), "It is not a Korvane game file."},
+        {"empty.krf", QByteArray(), "It is not a Korvane game file."},
+        {"foreign.krf", CGameFile::ToBytes(*game, "krm_gone_v1"), QString()},
+        {"beta.krf", CGameFile::ToBytes(*game, "krm_beta_v1"), "'beta', which is not the active"},
+        {"inflate.krf", flipped, "damaged"},
+        {"length.krf", longer, "damaged"},
+        {"truncated.krf", fileAround(truncated), "truncated"},
+        {"count.krf", fileAround(hugeCount), "30000 units, more than the remaining"},
+        {"newer.krf", fileAround(newer), "newer version of Korvane"},
+        {"ghost.krf", fileAround(ghost), "\"ghost\""},
+        {"absent.krf", QByteArray(), "No such file"},
+    };
+    for (const auto& c : cases) {
+        const QString name = QLatin1String(c.file);
+        const QString path =
+            name == QLatin1String("absent.krf") ? home.File(name) : home.WriteFile(name, c.bytes);
+        gui->Boxes.Boxes.clear();
+        EXPECT_FALSE(Root().PersistMgr().LoadGameFromFile(path)) << c.file;
+        ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << c.file;
+        const auto& box = gui->Boxes.Boxes.front();
+        EXPECT_EQ(box.Title, QStringLiteral("Korvane"));
+        if (c.reason.isEmpty())
+            EXPECT_EQ(box.Text, "File '" + path +
+                                    "' is either invalid or you do not have the corresponding "
+                                    "Module installed.");
+        else
+            EXPECT_TRUE(box.Text.startsWith("File '" + path + "' cannot be opened.") &&
+                        box.Text.contains(c.reason))
+                << box.Text.toStdString();
+        EXPECT_EQ(Root().Game(), game);
+        EXPECT_EQ(currentImage(), before) << c.file;
+        EXPECT_EQ(game->Dirty(), 2);
+        EXPECT_EQ(game->File(), QStringLiteral("current"));
+    }
+}
+
+TEST_F(PersistMgrTest, SavingReplacesAReadOnlyFileWithAnOwnerOnlyOne)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Guarded"));
+    addUnit(*game->ActiveMapGroup()->ActiveMap(), QStringLiteral("tank"), 8);
+    const QString path = home.WriteFile(QStringLiteral("games/guarded.krf"), "old content");
+    QFile::setPermissions(path,
+                          QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther);
+    game->SetDirectory(home.File(QStringLiteral("games/")));
+    game->SetFile(QStringLiteral("guarded"));
+    game->SetExtension(QStringLiteral("krf"));
+    markChanged();
+
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    EXPECT_TRUE(gui->Save.Shown.isEmpty()) << "a named game is saved without asking";
+    EXPECT_EQ(home.ReadFile(QStringLiteral("games/guarded.krf")), currentImage());
+    const QFileDevice::Permissions permissions = QFile::permissions(path);
+    EXPECT_TRUE(permissions.testFlags(QFileDevice::ReadOwner | QFileDevice::WriteOwner));
+    EXPECT_FALSE(permissions &
+                 (QFileDevice::ExeOwner | QFileDevice::ReadGroup | QFileDevice::WriteGroup |
+                  QFileDevice::ReadOther | QFileDevice::WriteOther));
+    EXPECT_EQ(QDir(home.File(QStringLiteral("games"))).entryList(QDir::Files),
+              QStringList{"guarded.krf"});
+    EXPECT_EQ(game->Dirty(), 0);
+}
+
+TEST_F(PersistMgrTest, AFailedSaveKeepsTheOldFileTheGameDirtyAndTheHistory)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Fragile"));
+    const auto map = game->ActiveMapGroup()->ActiveMap();
+    for (int i = 0; i < 50; ++i)
+        addUnit(*map, QStringLiteral("inf"), i * 37, QStringLiteral("caption %1").arg(i));
+    const QString path = home.WriteFile(QStringLiteral("games/fragile.krf"), "previous save");
+    game->SetDirectory(home.File(QStringLiteral("games/")));
+    game->SetFile(QStringLiteral("fragile"));
+    game->SetExtension(QStringLiteral("krf"));
+    markChanged();
+
+    const auto expectFailure = [&](const char* what) {
+        gui->Boxes.Boxes.clear();
+        EXPECT_FALSE(Root().PersistMgr().SaveCurrentGame()) << what;
+        ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << what;
+        EXPECT_EQ(gui->Boxes.Boxes[0].Text, QStringLiteral("Disk write error!"));
+        EXPECT_EQ(gui->Boxes.Boxes[0].Kind, Icon::Critical);
+        EXPECT_EQ(gui->Boxes.Boxes[0].Title, QStringLiteral("Korvane"));
+        EXPECT_EQ(game->Dirty(), 2) << what;
+        EXPECT_TRUE(mayUndo()) << what;
+    };
+
+    // The write stops half-way: the process may not write files past 64 bytes.
+    QFile::setPermissions(path, QFileDevice::ReadOwner);
+    {
+        const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit previous{};
+        getrlimit(RLIMIT_FSIZE, &previous);
+        rlimit small = previous;
+        small.rlim_cur = 64;
+        setrlimit(RLIMIT_FSIZE, &small);
+        expectFailure("file size limit");
+        setrlimit(RLIMIT_FSIZE, &previous);
+        std::signal(SIGXFSZ, oldHandler);
+    }
+    EXPECT_EQ(home.ReadFile(QStringLiteral("games/fragile.krf")), QByteArray("previous save"));
+    EXPECT_EQ(QFile::permissions(path) & QFileDevice::WriteOwner, 0)
+        << "the old file is read-only again";
+    EXPECT_EQ(QDir(home.File(QStringLiteral("games"))).entryList(QDir::Files),
+              QStringList{"fragile.krf"});
+    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+
+    // A map holding more units than a file can store fails before anything is written.
+    for (int i = 0; i < 32768 - 50; ++i)
+        addUnit(*map, QStringLiteral("tank"), i);
+    expectFailure("too many units");
+    EXPECT_EQ(home.ReadFile(QStringLiteral("games/fragile.krf")), QByteArray("previous save"));
+    while (map->Units()->Count() > 50)
+        map->Units()->DeleteItem(map->Units()->Count());
+
+    // The directory has gone.
+    game->SetDirectory(home.File(QStringLiteral("vanished/")));
+    expectFailure("directory gone");
+    EXPECT_FALSE(QFileInfo::exists(home.File(QStringLiteral("vanished"))));
+
+    // The same game saves once the trouble is over.
+    game->SetDirectory(home.File(QStringLiteral("games/")));
+    EXPECT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    EXPECT_EQ(home.ReadFile(QStringLiteral("games/fragile.krf")), currentImage());
+}
+
+TEST_F(PersistMgrTest, AbandoningAModifiedGameAsksAndFollowsTheAnswer)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Unsaved"));
+    EXPECT_TRUE(Root().PersistMgr().AbandonCurrentGame());
+    EXPECT_TRUE(gui->Boxes.Boxes.empty()) << "a clean game is not asked about";
+
+    const QString question = QStringLiteral("The current game has been modified.  Do you want to "
+                                            "save the changes to this game?");
+    const auto abandon = [&](Answer answer) {
+        gui->Boxes.Boxes.clear();
+        gui->Boxes.Answers = {answer};
+        const bool result = Root().PersistMgr().AbandonCurrentGame();
+        EXPECT_EQ(gui->Boxes.Boxes.size(), 1u);
+        if (!gui->Boxes.Boxes.empty()) {
+            EXPECT_EQ(gui->Boxes.Boxes[0].Text, question);
+            EXPECT_EQ(gui->Boxes.Boxes[0].Kind, Icon::Question);
+            EXPECT_TRUE(gui->Boxes.Boxes[0].IsQuestion);
+        }
+        return result;
+    };
+    game->SetDirty(-1); // changes undone past the last save still count
+    EXPECT_FALSE(abandon(Answer::Cancel));
+    EXPECT_TRUE(abandon(Answer::No));
+    EXPECT_EQ(game->Dirty(), -1);
+    // Yes saves; cancelling the save dialog cancels the close.
+    EXPECT_FALSE(abandon(Answer::Yes));
+    EXPECT_EQ(gui->Save.Shown.size(), 1);
+    gui->Save.Choose(home.Path(), QStringLiteral("unsaved"), QStringLiteral("krf"));
+    EXPECT_TRUE(abandon(Answer::Yes));
+    EXPECT_EQ(game->Dirty(), 0);
+    EXPECT_TRUE(QFile::exists(home.File(QStringLiteral("unsaved.krf"))));
+}
+
+TEST_F(PersistMgrTest, WithoutWindowsDialogsCountAsCancelledAndQuestionsTakeTheirDefault)
+{
+    writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
+    start(false);
+    activate(alphaId);
+    const auto game = newGame(QStringLiteral("Quiet"));
+    game->SetDirty(1);
+    EXPECT_FALSE(Root().PersistMgr().AbandonCurrentGame()) << "saving needs a name";
+    EXPECT_TRUE(Root().PersistMgr().SelectFileToOpen().isEmpty());
+    EXPECT_FALSE(Root().PersistMgr().SaveCurrentGameAs());
+
+    game->SetDirectory(home.Path());
+    game->SetFile(QStringLiteral("quiet"));
+    game->SetExtension(QStringLiteral("krf"));
+    EXPECT_TRUE(Root().PersistMgr().AbandonCurrentGame());
+    EXPECT_EQ(home.ReadFile(QStringLiteral("quiet.krf")), currentImage());
+    EXPECT_EQ(game->Dirty(), 0);
+}
+
+TEST_F(PersistMgrTest, TheSaveDialogStartsInTheGamesFolderElseTheLastElseTheCurrent)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Named"));
+    game->SetDirty(1);
+    QDir().mkpath(home.File(QStringLiteral("last")));
+    QDir().mkpath(home.File(QStringLiteral("games")));
+    const auto shown = [&] {
+        gui->Save.Shown.clear();
+        EXPECT_FALSE(Root().PersistMgr().SaveCurrentGameAs());
+        return gui->Save.Shown.value(0);
+    };
+
+    EXPECT_EQ(shown(),
+              QStringList({saveFilter, "Named", "krf", CUtility::GetCurrentPath()}).join(" # "));
+    EXPECT_TRUE(lastDir().isEmpty()) << "a cancelled dialog stores nothing";
+    Root().Config().SetValue("CPersistMgr", "LastDir", home.File(QStringLiteral("last/")));
+    EXPECT_TRUE(shown().endsWith(" # " + home.File(QStringLiteral("last/"))));
+    game->SetDirectory(home.File(QStringLiteral("games/")));
+    game->SetFile(QStringLiteral("mine"));
+    game->SetExtension(QStringLiteral("aam"));
+    EXPECT_EQ(shown(), QStringList({saveFilter, "mine", "aam", home.File("games/")}).join(" # "));
+    game->SetDirectory(home.File(QStringLiteral("nowhere/")));
+    Root().Config().SetValue("CPersistMgr", "LastDir", home.File(QStringLiteral("gone/")));
+    EXPECT_TRUE(shown().endsWith(" # " + CUtility::GetCurrentPath()));
+    EXPECT_EQ(game->Dirty(), 1);
+    EXPECT_EQ(game->Directory(), home.File(QStringLiteral("nowhere/")));
+}
+
+TEST_F(PersistMgrTest, TheOpenFilterListsTheFileTypesOfTheContextsAndFixedModulesStoreShortCodes)
+{
+    writeModule(QStringLiteral("aaav2a.krm"), module(QStringLiteral("axis")));
+    writeModule(QStringLiteral("krcv1a.krm"), module(QStringLiteral("chess")));
+    module(QStringLiteral("one")).WriteTo(home.File(QStringLiteral("usermods/one.udm")));
+    module(QStringLiteral("two")).WriteTo(home.File(QStringLiteral("usermods/two.udm")));
+    TestGui* gui = startAlpha();
+
+    EXPECT_TRUE(Root().PersistMgr().SelectFileToOpen().isEmpty());
+    const QString filter =
+        "Korvane Map Files (*.krf, *.cmf)|*.krf;*.cmf|Axis & Allies Map Files  (*.aam)|*.aam|"
+        "Korvane Chess Files  (*.mcm)|*.mcm|Custom Korvane Map Files  (*.cmf)|*.cmf|"
+        "Custom Korvane Map Files  (*.cmf)|*.cmf|Legacy Korvane Map Files|*.aam;*.mcm;*.cmf";
+    EXPECT_EQ(gui->Open.Shown,
+              QStringList{filter + " # *.krf;*.cmf # " + CUtility::GetCurrentPath()});
+    gui->Open.Choose(home.Path(), QStringLiteral("chosen"), QStringLiteral("aam"));
+    EXPECT_EQ(Root().PersistMgr().SelectFileToOpen(), home.File(QStringLiteral("chosen.aam")));
+    EXPECT_EQ(lastDir(), home.Path());
+    EXPECT_TRUE(Root().PersistMgr().SelectFileToOpen().isEmpty());
+    EXPECT_TRUE(gui->Open.Shown.last().endsWith(" # " + home.Path()));
+
+    // A game of a fixed module carries its short code and opens again.
+    const QString axisId = QStringLiteral("krm_axis_and_allies_for_aaqt_v1");
+    Root().Context()->Deactivate();
+    activate(axisId);
+    newGame(QStringLiteral("Axis"))->SetDirty(1);
+    gui->Save.Choose(home.Path(), QStringLiteral("axis"), QStringLiteral("aam"));
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    const QString path = home.File(QStringLiteral("axis.aam"));
+    EXPECT_EQ(storedId(home.ReadFile(QStringLiteral("axis.aam"))), QByteArray("AAA"));
+    EXPECT_EQ(Root().PersistMgr().ContextIdFromFile(path), axisId);
+    EXPECT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("Axis"));
+    EXPECT_TRUE(Root().PersistMgr().ContextIdFromFile(home.File("usermods/one.udm")).isEmpty());
+}

@@ -1,0 +1,127 @@
+#include "PersistTestSupport.h"
+
+#include "contexts/IGameContext.h"
+#include "core/CUtility.h"
+#include "core/MMain.h"
+#include "model/CGame.h"
+#include "model/CGameEventMgr.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "persist/CGameFile.h"
+
+namespace {
+
+const QString alphaId = QStringLiteral("krm_alpha_v1");
+const QString betaId = QStringLiteral("krm_beta_v1");
+
+class CommandLineTest : public PersistTest
+{
+protected:
+    // Two modules installed, a listener registered; alpha active when asked.
+    TestGui* startTwo(bool alphaActive)
+    {
+        writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
+        writeModule(QStringLiteral("beta.krm"), module(QStringLiteral("beta")));
+        TestGui* gui = start();
+        if (alphaActive)
+            activate(alphaId);
+        Root().EventMgr().Register(log);
+        return gui;
+    }
+
+    // A game file of one empty map, written for the context storedId names.
+    QString gameFile(const QString& name, const QString& storedId, bool damaged = false) const
+    {
+        CGame game(CUtility::GenerateId());
+        game.SetName(name);
+        auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+        group->Maps().AddItem(std::make_shared<CMap>(CUtility::GenerateId(), group->Id()));
+        game.MapGroups().AddItem(group);
+        QByteArray bytes = CGameFile::ToBytes(game, storedId);
+        if (damaged)
+            bytes.truncate(bytes.size() - 8);
+        return home.WriteFile(name, bytes);
+    }
+
+    static QString quoted(const QString& path) { return '"' + path + '"'; }
+
+    std::shared_ptr<AnnouncementLog> log = std::make_shared<AnnouncementLog>();
+};
+
+} // namespace
+
+TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneAnnouncingBothSteps)
+{
+    TestGui* gui = startTwo(true);
+    const auto alpha = Root().Context();
+    const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
+
+    MMain::HandleCommandLine("  " + quoted(path) + " --ignored  ");
+
+    EXPECT_EQ(log->Lines, QStringList({"new context: none", "new context: " + betaId, "new game"}));
+    ASSERT_TRUE(Root().Context());
+    EXPECT_EQ(Root().Context()->Id(), betaId);
+    EXPECT_EQ(Root().Context()->Tokens().Count(), 5) << "the new context is activated";
+    EXPECT_EQ(alpha->Tokens().Count(), 0) << "the old context is deactivated";
+    ASSERT_TRUE(Root().Game());
+    EXPECT_EQ(Root().Game()->File(), QStringLiteral("beta game"));
+    // The progress window frames the activation and hears its reports.
+    const QStringList& calls = gui->Progress.Calls;
+    ASSERT_GE(calls.size(), 5);
+    EXPECT_EQ(calls.mid(0, 2), QStringList({"Load", "Show"}));
+    EXPECT_EQ(calls.mid(calls.size() - 2), QStringList({"Hide", "Unload"}));
+    EXPECT_TRUE(gui->Boxes.Boxes.empty());
+}
+
+TEST_F(CommandLineTest, AFileOfTheActiveContextKeepsItAsItIs)
+{
+    TestGui* gui = startTwo(true);
+    const auto alpha = Root().Context();
+    const QString path = gameFile(QStringLiteral("alpha.krf"), alphaId);
+
+    MMain::HandleCommandLine(path + " more words");
+
+    EXPECT_EQ(log->Lines, QStringList{"new game"});
+    EXPECT_EQ(Root().Context(), alpha);
+    EXPECT_EQ(alpha->Tokens().Count(), 5);
+    EXPECT_TRUE(gui->Progress.Calls.isEmpty());
+    ASSERT_TRUE(Root().Game());
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("alpha.krf"));
+}
+
+TEST_F(CommandLineTest, WithNoContextActiveTheFilesContextIsActivatedOnce)
+{
+    startTwo(false);
+    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId));
+    EXPECT_EQ(log->Lines, QStringList({"new context: " + betaId, "new game"}));
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
+}
+
+TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilently)
+{
+    TestGui* gui = startTwo(true);
+    const auto alpha = Root().Context();
+    for (const QString& line : {gameFile(QStringLiteral("gone.krf"), QStringLiteral("krm_gone_v1")),
+                                home.WriteFile(QStringLiteral("text.krf"), "KR02 not a game"),
+                                home.File(QStringLiteral("absent.krf")), QString()}) {
+        MMain::HandleCommandLine(line);
+        EXPECT_TRUE(log->Lines.isEmpty()) << line.toStdString();
+        EXPECT_TRUE(gui->Boxes.Boxes.empty()) << line.toStdString();
+        EXPECT_EQ(Root().Context(), alpha);
+        EXPECT_FALSE(Root().Game());
+    }
+}
+
+TEST_F(CommandLineTest, ADamagedFileOfAKnownContextLeavesThatContextActiveAndNoGame)
+{
+    TestGui* gui = startTwo(true);
+    const QString path = gameFile(QStringLiteral("broken.krf"), betaId, true);
+
+    MMain::HandleCommandLine(path);
+
+    EXPECT_EQ(log->Lines, QStringList({"new context: none", "new context: " + betaId}));
+    EXPECT_EQ(Root().Context()->Id(), betaId);
+    EXPECT_FALSE(Root().Game());
+    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
+    EXPECT_TRUE(gui->Boxes.Boxes[0].Text.startsWith("File '" + path + "' cannot be opened."));
+}

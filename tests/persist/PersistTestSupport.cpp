@@ -1,0 +1,68 @@
+#include "PersistTestSupport.h"
+
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "model/CGame.h"
+
+void AnnouncementLog::NotifyOfNewContext()
+{
+    const auto& context = Root().Context();
+    Lines << QStringLiteral("new context: ") + (context ? context->Id() : QStringLiteral("none"));
+}
+
+TestModule PersistTest::module(const QString& name, const QStringList& tokenIds)
+{
+    TestModule m;
+    m.UniqueId = name;
+    m.Title = name;
+    if (tokenIds.isEmpty()) {
+        m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
+                    TestToken(QStringLiteral("tank")),
+                    TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
+                    TestToken(QStringLiteral("mark"), QStringLiteral("Numeric")),
+                    TestToken(QStringLiteral("note"), QStringLiteral("Text"))};
+    } else {
+        m.Tokens.clear();
+        for (const QString& id : tokenIds)
+            m.Tokens.emplace_back(id);
+    }
+    return m;
+}
+
+void PersistTest::writeModule(const QString& fileName, const TestModule& m) const
+{
+    m.WriteTo(home.File(QStringLiteral("modules/") + fileName));
+}
+
+TestGui* PersistTest::start(bool withGui)
+{
+    auto root = std::make_shared<CKorvane>();
+    InstallRoot(root);
+    if (withGui)
+        root->SetGuiFactory([] { return std::make_unique<TestGui>(); });
+    root->Constructor(nullptr);
+    return static_cast<TestGui*>(root->Gui());
+}
+
+void PersistTest::activate(const QString& id)
+{
+    const CContextMgr& manager = Root().ContextMgr();
+    const std::int32_t position = manager.PosOfContext(id);
+    ASSERT_GT(position, 0) << id.toStdString();
+    const std::shared_ptr<IGameContext> context = manager.Context(position);
+    context->Activate(nullptr);
+    Root().SetContext(context);
+}
+
+std::shared_ptr<CGame> PersistTest::newGame(const QString& name)
+{
+    std::shared_ptr<CGame> game = Root().Context()->CreateDefaultGame();
+    game->SetName(name);
+    Root().SetGame(game);
+    return game;
+}
+
+QByteArray PersistTest::storedId(const QByteArray& file)
+{
+    return file.mid(5, static_cast<unsigned char>(file.at(4)));
+}

@@ -1,0 +1,141 @@
+#pragma once
+
+#include "contexts/ContextTestSupport.h"
+#include "core/CGui.h"
+#include "core/CKorvane.h"
+#include "core/FOpenFileDlg.h"
+#include "core/FProgressWin.h"
+#include "core/FSaveFileDlg.h"
+#include "model/IGameEventListener.h"
+#include "support/TestHome.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+// A file dialog that answers from a script and keeps what it was shown.
+template <typename Dialog> class ScriptedFileDlg : public Dialog
+{
+public:
+    // Confirms the next Display with this path ("" cancels it).
+    void Choose(const QString& directory, const QString& file, const QString& extension)
+    {
+        m_directory = directory;
+        m_file = file;
+        m_extension = extension;
+        m_confirm = true;
+    }
+    // The arguments of every Display, joined by " # ".
+    QStringList Shown;
+    QString SelDir() const override { return m_directory; }
+    QString SelFile() const override { return m_file; }
+    QString SelExt() const override { return m_extension; }
+
+protected:
+    bool answer(const QStringList& arguments)
+    {
+        Shown << arguments.join(QStringLiteral(" # "));
+        return std::exchange(m_confirm, false);
+    }
+
+private:
+    QString m_directory;
+    QString m_file;
+    QString m_extension;
+    bool m_confirm = false;
+};
+
+class ScriptedSaveDlg : public ScriptedFileDlg<FSaveFileDlg>
+{
+public:
+    bool Display(const QString& filter, const QString& name, const QString& extension,
+                 const QString& directory) override
+    {
+        return answer({filter, name, extension, directory});
+    }
+};
+
+class ScriptedOpenDlg : public ScriptedFileDlg<FOpenFileDlg>
+{
+public:
+    bool Display(const QString& filter, const QString& pattern, const QString& directory) override
+    {
+        return answer({filter, pattern, directory});
+    }
+};
+
+// Keeps every call in order: "Load", "Show", "status text", "Hide", "Unload".
+class RecordingProgressWin : public FProgressWin
+{
+public:
+    void Load() override { Calls << QStringLiteral("Load"); }
+    void Show() override { Calls << QStringLiteral("Show"); }
+    void Hide() override { Calls << QStringLiteral("Hide"); }
+    void Unload() override { Calls << QStringLiteral("Unload"); }
+    void UpdateStatus(const QString& text, float) override { Calls << text; }
+    QStringList Calls;
+};
+
+// The dialogs a test scripts; there is no main window.
+class TestGui : public CGui
+{
+public:
+    FMainMdi* MainMdi() override { return nullptr; }
+    FMessageBox* Messages() override { return &Boxes; }
+    FSaveFileDlg* SaveFileDlg() override { return &Save; }
+    FOpenFileDlg* OpenFileDlg() override { return &Open; }
+    FProgressWin* ProgressWin() override { return &Progress; }
+
+    ScriptedMessages Boxes;
+    ScriptedSaveDlg Save;
+    ScriptedOpenDlg Open;
+    RecordingProgressWin Progress;
+};
+
+// Notes the context and game announcements, with the context active at each.
+class AnnouncementLog : public IGameEventListener
+{
+public:
+    void NotifyOfNewContext() override;
+    void NotifyOfNewGame() override { Lines << QStringLiteral("new game"); }
+    void NotifyOfArrowAdd(const QString&) override {}
+    void NotifyOfArrowDelete(const QString&) override {}
+    void NotifyOfArrowEdit(const QString&) override {}
+    void NotifyOfGameEdit() override {}
+    void NotifyOfGroupAdd(const QString&) override {}
+    void NotifyOfGroupDelete(const QString&) override {}
+    void NotifyOfGroupSwitch(const QString&, const QString&) override {}
+    void NotifyOfMapAdd(const QString&) override {}
+    void NotifyOfMapDelete(const QString&) override {}
+    void NotifyOfMapEdit(const QString&) override {}
+    void NotifyOfMapSwitch(const QString&, const QString&) override {}
+    void NotifyOfUnitAdd(const QString&) override {}
+    void NotifyOfUnitDelete(const QString&) override {}
+    void NotifyOfUnitEdit(const QString&) override {}
+
+    // "new context: <active id or none>" and "new game" lines.
+    QStringList Lines;
+};
+
+// A home whose module packs the test writes before it starts the root.
+class PersistTest : public ::testing::Test
+{
+protected:
+    void TearDown() override { ReleaseRoot(); }
+
+    // A standard module "krm_<name>_v1" titled name, with tokens of each kind.
+    static TestModule module(const QString& name, const QStringList& tokenIds = {});
+    void writeModule(const QString& fileName, const TestModule& m) const;
+    // Starts the root with a TestGui (or none); returns the GUI.
+    TestGui* start(bool withGui = true);
+    // Activates the installed context of that id and makes it the root's.
+    void activate(const QString& id);
+    // A game of the active context: one group, one map, as a new game starts.
+    std::shared_ptr<CGame> newGame(const QString& name);
+    // The stored context id of a file, as written.
+    static QByteArray storedId(const QByteArray& file);
+
+    TestHome home;
+};
