@@ -1,14 +1,13 @@
 // Switching between two maps of 1,000 units each: every switch writes the
 // old map's swap file and reads the new one's. The baseline, measured in the
 // same run, writes and reads the same number of bytes as one plain file.
-#include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
-#include "tokens/CTokenFactory.h"
+#include "support/TestContext.h"
 #include "tokens/IToken.h"
 
 #include <QCoreApplication>
@@ -26,51 +25,17 @@ namespace {
 constexpr int unitsPerMap = 1000;
 
 // Only the token list matters here.
-class BenchContext : public IGameContext
+// The benchmarks' context: plain token kinds on a large board.
+std::shared_ptr<TestContext> makeBenchContext()
 {
-public:
-    BenchContext()
-    {
-        const char* kinds[] = {"CQuantityToken", "CEmptyToken", "CNumericToken", "CArrowToken"};
-        for (std::int16_t i = 1; i <= 40; ++i)
-            m_tokens.AddItem(CTokenFactory::Create(
-                QLatin1String(kinds[i % 4]), QStringLiteral("TOKEN%1").arg(i), i,
-                QStringLiteral("Units"), QString(), QStringLiteral("img"), 40, 30));
-    }
-    QString Id() const override { return QStringLiteral("krm_bench_v1"); }
-    QString Caption() const override { return QStringLiteral("Bench"); }
-    QImage Picture() const override { return QImage(); }
-    QString FontName() const override { return QString(); }
-    double FontSize() const override { return 8; }
-    bool HasTransparentLabel() const override { return false; }
-    QString MultiplierPrefix() const override { return QStringLiteral("x"); }
-    std::int32_t LabelForeColor() const override { return 0; }
-    std::int32_t LabelBackColor() const override { return 0; }
-    std::int32_t LabelMovedColor() const override { return 0; }
-    QString FileExtension() const override { return QString(); }
-    QString FileCaption() const override { return QString(); }
-    void Initialize(std::shared_ptr<CModuleDefinition>, std::shared_ptr<CResFileMgr>) override {}
-    void Activate(IProgressMonitor*) override {}
-    void Deactivate() override {}
-    void Dispose() override {}
-    std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
-    QImage MapPicture() const override { return QImage(); }
-    std::int32_t MapWidth() const override { return 2000; }
-    std::int32_t MapHeight() const override { return 2000; }
-    std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
-    std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
-    bool IsUserDefined() const override { return false; }
-    std::shared_ptr<CImageList> UnitImgLst() const override { return nullptr; }
-    const CVector<IToken>& Tokens() const override { return m_tokens; }
-    const CVector<IActionTool>& CustomTools() const override { return m_tools; }
-    const CVector<IAction>& CustomActions() const override { return m_actions; }
-    QString Url() const override { return QString(); }
-
-private:
-    CVector<IToken> m_tokens;
-    CVector<IActionTool> m_tools;
-    CVector<IAction> m_actions;
-};
+    auto context =
+        std::make_shared<TestContext>(QStringLiteral("x"), QStringLiteral("krm_bench_v1"));
+    context->SetBoardSize(2000, 2000);
+    const char* kinds[] = {"CQuantityToken", "CEmptyToken", "CNumericToken", "CArrowToken"};
+    for (int i = 1; i <= 40; ++i)
+        context->AddToken(QLatin1String(kinds[i % 4]), QStringLiteral("TOKEN%1").arg(i));
+    return context;
+}
 
 std::shared_ptr<CMap> filledMap(const CMapGroup& group)
 {
@@ -173,7 +138,7 @@ int main(int argc, char** argv)
     auto root = std::make_shared<CKorvane>();
     InstallRoot(root);
     root->Constructor(nullptr);
-    root->SetContext(std::make_shared<BenchContext>());
+    root->SetContext(makeBenchContext());
 
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

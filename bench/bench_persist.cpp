@@ -4,7 +4,6 @@
 //   encoded into a plain byte buffer and compressed with compress2 level 9;
 // - load: the persistence manager's load of that file, against uncompress of
 //   the same body decoded into plain structs with freshly generated ids.
-#include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -15,7 +14,7 @@
 #include "persist/CAnsiCodec.h"
 #include "persist/CGameFile.h"
 #include "persist/CPersistMgr.h"
-#include "tokens/CTokenFactory.h"
+#include "support/TestContext.h"
 #include "tokens/IToken.h"
 
 #include <QCoreApplication>
@@ -61,54 +60,20 @@ double milliseconds(Clock::duration d)
 
 // Sixty tokens of every kind; every twelfth is an arrow token, whose units
 // keep their ids in the file.
-class BenchContext : public IGameContext
+// The benchmarks' context: plain token kinds on a large board.
+std::shared_ptr<TestContext> makeBenchContext()
 {
-public:
-    BenchContext()
-    {
-        const char* kinds[] = {"CQuantityToken", "CEmptyToken",    "CNumericToken",
-                               "CTextToken",     "CQuantityToken", "CEmptyToken"};
-        for (std::int16_t i = 1; i <= tokenCount; ++i) {
-            const QString kind = QLatin1String(i % 12 == 0 ? "CArrowToken" : kinds[i % 6]);
-            m_tokens.AddItem(CTokenFactory::Create(kind, QStringLiteral("TK%1").arg(i * 37), i,
-                                                   QStringLiteral("Units"), QString(),
-                                                   QStringLiteral("img"), 40, 30));
-        }
+    auto context =
+        std::make_shared<TestContext>(QStringLiteral("x"), QStringLiteral("krm_bench_v1"));
+    context->SetBoardSize(6000, 4000);
+    const char* kinds[] = {"CQuantityToken", "CEmptyToken",    "CNumericToken",
+                           "CTextToken",     "CQuantityToken", "CEmptyToken"};
+    for (int i = 1; i <= tokenCount; ++i) {
+        const QString kind = QLatin1String(i % 12 == 0 ? "CArrowToken" : kinds[i % 6]);
+        context->AddToken(kind, QStringLiteral("TK%1").arg(i * 37));
     }
-    QString Id() const override { return QStringLiteral("krm_bench_v1"); }
-    QString Caption() const override { return QStringLiteral("Bench"); }
-    QImage Picture() const override { return QImage(); }
-    QString FontName() const override { return QString(); }
-    double FontSize() const override { return 8; }
-    bool HasTransparentLabel() const override { return false; }
-    QString MultiplierPrefix() const override { return QStringLiteral("x"); }
-    std::int32_t LabelForeColor() const override { return 0; }
-    std::int32_t LabelBackColor() const override { return 0; }
-    std::int32_t LabelMovedColor() const override { return 0; }
-    QString FileExtension() const override { return QStringLiteral("krf"); }
-    QString FileCaption() const override { return QString(); }
-    void Initialize(std::shared_ptr<CModuleDefinition>, std::shared_ptr<CResFileMgr>) override {}
-    void Activate(IProgressMonitor*) override {}
-    void Deactivate() override {}
-    void Dispose() override {}
-    std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
-    QImage MapPicture() const override { return QImage(); }
-    std::int32_t MapWidth() const override { return 6000; }
-    std::int32_t MapHeight() const override { return 4000; }
-    std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
-    std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
-    bool IsUserDefined() const override { return false; }
-    std::shared_ptr<CImageList> UnitImgLst() const override { return nullptr; }
-    const CVector<IToken>& Tokens() const override { return m_tokens; }
-    const CVector<IActionTool>& CustomTools() const override { return m_tools; }
-    const CVector<IAction>& CustomActions() const override { return m_actions; }
-    QString Url() const override { return QString(); }
-
-private:
-    CVector<IToken> m_tokens;
-    CVector<IActionTool> m_tools;
-    CVector<IAction> m_actions;
-};
+    return context;
+}
 
 // Deterministic content: the same game in every run.
 class Content
@@ -562,7 +527,7 @@ int main(int argc, char** argv)
     auto root = std::make_shared<CKorvane>();
     InstallRoot(root);
     root->Constructor(nullptr);
-    root->SetContext(std::make_shared<BenchContext>());
+    root->SetContext(makeBenchContext());
 
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
