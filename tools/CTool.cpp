@@ -53,6 +53,23 @@ QString seeHelp(const QString& command = QString())
            QStringLiteral(" --help'");
 }
 
+// The failure as one readable line: messages may quote bytes of a damaged
+// file, so control characters become "?" and a very long text keeps its start
+// and its end (where the reason is).
+QString oneLine(const QString& message)
+{
+    constexpr qsizetype longest = 500;
+    constexpr qsizetype kept = 240;
+    QString line = message;
+    for (QChar& c : line) {
+        if (c.unicode() < 0x20 || c.unicode() == 0x7F)
+            c = QLatin1Char('?');
+    }
+    if (line.size() > longest)
+        line = line.left(kept) + QStringLiteral(" ... ") + line.right(kept);
+    return line;
+}
+
 } // namespace
 
 CTool::CTool()
@@ -117,11 +134,11 @@ int CTool::Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
         return runCommand(*command, arguments, out);
     } catch (const CToolFailure& failure) {
         out.flush();
-        err << toolName << QStringLiteral(": ") << failure.Message() << Qt::endl;
+        err << toolName << QStringLiteral(": ") << oneLine(failure.Message()) << Qt::endl;
         return static_cast<int>(failure.ExitStatus());
     } catch (const KorvaneError& error) {
         out.flush();
-        err << toolName << QStringLiteral(": ") << error.Description() << Qt::endl;
+        err << toolName << QStringLiteral(": ") << oneLine(error.Description()) << Qt::endl;
         return static_cast<int>(CToolFailure::Status::Input);
     } catch (const std::exception& error) {
         out.flush();

@@ -4,8 +4,11 @@
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
+#include "persist/CGameFile.h"
+#include "support/PackEdit.h"
 
 #include <QFile>
+#include <QImage>
 
 namespace {
 
@@ -15,43 +18,36 @@ bool near(QColor a, QColor b)
            std::abs(a.blue() - b.blue()) <= 3;
 }
 
-// Pixels in area matching test.
-template <typename Test> int count(const QImage& image, const QRect& area, Test test)
-{
-    int found = 0;
-    const QRect inside = area.intersected(image.rect());
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x)
-            found += test(image.pixelColor(x, y)) ? 1 : 0;
-    }
-    return found;
-}
-
 class ToolRender : public ToolFixture
 {
 protected:
-    void SetUp() override
+    // Renders into board.png in the home and reads the picture back.
+    QImage render(const QString& game, QStringList options = {})
     {
-        ToolFixture::SetUp();
-        board = TestModule::ColorOf(QStringLiteral("board.png"));
-        infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
-        tank = TestModule::ColorOf(QStringLiteral("tank.png"));
+        QFile::remove(png);
+        const ToolRun run = Tool(QStringList{QStringLiteral("render"), game, "-o", png} + options);
+        EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
+        return QImage(png);
     }
 
-    // Where a label under a unit at x, y can be: below its picture, around its middle.
-    static QRect labelArea(int x, int y) { return QRect(x - 20, y + UnitSize, UnitSize + 40, 16); }
-
-    ToolRun render(const QString& game, QStringList options = {})
+    // Pixels of a colour kind where the label of a unit at x, y goes.
+    static int labelPixels(const QImage& image, int x, int y, bool (*kind)(QColor))
     {
-        options.prepend(game);
-        options.prepend(QStringLiteral("render"));
-        options << QStringLiteral("-o") << home.File(QStringLiteral("board.png"));
-        return Tool(options);
+        int found = 0;
+        for (int row = y + UnitSize; row < y + UnitSize + 16; ++row) {
+            for (int column = x - 20; column < x + UnitSize + 20; ++column)
+                found += kind(image.pixelColor(column, row)) ? 1 : 0;
+        }
+        return found;
     }
+    static bool blue(QColor c) { return c.blue() > 150 && c.red() < 100 && c.green() < 100; }
+    static bool green(QColor c) { return c.green() > 150 && c.red() < 100 && c.blue() < 100; }
+    static bool black(QColor c) { return c.red() < 30 && c.green() < 30 && c.blue() < 30; }
 
-    QColor board;
-    QColor infantry;
-    QColor tank;
+    const QString png = home.File(QStringLiteral("board.png"));
+    const QColor board = TestModule::ColorOf(QStringLiteral("board.png"));
+    const QColor infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
+    const QColor tank = TestModule::ColorOf(QStringLiteral("tank.png"));
 };
 
 } // namespace
@@ -65,12 +61,8 @@ TEST_F(ToolRender, DrawsTheActiveMapWithUnitsWhereTheModelPutsThem)
     AddUnit(*map, QStringLiteral("inf"), 40, 50, QStringLiteral("x3"), QStringLiteral("3"));
     AddUnit(*map, QStringLiteral("inf"), 150, 50, QStringLiteral("x5"), QStringLiteral("5"), true);
     AddArrow(*map, 100, 150, 250, 150, 0x0000FF);
-    const QString path = Save(*game, QStringLiteral("render.krf"));
-
-    const ToolRun run = render(path);
-    ASSERT_EQ(run.Status, 0) << run.Err.toStdString();
-    const QImage image = ReadPng(home.File(QStringLiteral("board.png")));
-    ASSERT_EQ(image.size(), QSize(BoardWidth, BoardHeight));
+    const QImage image = render(Save(*game, QStringLiteral("render.krf")));
+    ASSERT_EQ(image.size(), QSize(300, 200));
 
     // The picture's top-left corner is the unit's position.
     EXPECT_TRUE(near(image.pixelColor(40, 50), infantry));
@@ -82,15 +74,12 @@ TEST_F(ToolRender, DrawsTheActiveMapWithUnitsWhereTheModelPutsThem)
     // The unit of the map that is not shown is not drawn.
     EXPECT_TRUE(near(image.pixelColor(210, 30), board));
 
-    // Labels: blue text on black, a moved unit's text green.
-    const auto blue = [](QColor c) { return c.blue() > 150 && c.red() < 100 && c.green() < 100; };
-    const auto green = [](QColor c) { return c.green() > 150 && c.red() < 100 && c.blue() < 100; };
-    const auto black = [](QColor c) { return c.red() < 30 && c.green() < 30 && c.blue() < 30; };
-    EXPECT_GT(count(image, labelArea(40, 50), blue), 0);
-    EXPECT_GT(count(image, labelArea(40, 50), black), 0);
-    EXPECT_EQ(count(image, labelArea(40, 50), green), 0);
-    EXPECT_GT(count(image, labelArea(150, 50), green), 0);
-    EXPECT_EQ(count(image, labelArea(150, 50), blue), 0);
+    // Labels: the module's blue text on black; a moved unit's text is green.
+    EXPECT_GT(labelPixels(image, 40, 50, blue), 0);
+    EXPECT_GT(labelPixels(image, 40, 50, black), 0);
+    EXPECT_EQ(labelPixels(image, 40, 50, green), 0);
+    EXPECT_GT(labelPixels(image, 150, 50, green), 0);
+    EXPECT_EQ(labelPixels(image, 150, 50, blue), 0);
 
     // The arrow in its colour (red in the low byte).
     EXPECT_TRUE(near(image.pixelColor(170, 150), QColor(255, 0, 0)));
@@ -108,36 +97,45 @@ TEST_F(ToolRender, GroupMapAndScaleChooseWhatIsDrawnAndHowLarge)
     AddUnit(*AddMap(*second, QStringLiteral("Turn 3")), QStringLiteral("tank"), 200, 100);
     game->SwitchTo(second);
     const QString path = Save(*game, QStringLiteral("choices.krf"));
-    const QString png = home.File(QStringLiteral("board.png"));
 
-    ASSERT_EQ(render(path, {QStringLiteral("--group"), QStringLiteral("1"), QStringLiteral("--map"),
-                            QStringLiteral("1")})
-                  .Status,
-              0);
-    QImage image = ReadPng(png);
+    QImage image = render(path, {"--group", "1", "--map", "1"});
     EXPECT_TRUE(near(image.pixelColor(20, 20), tank));
     EXPECT_TRUE(near(image.pixelColor(110, 110), board));
-
-    // Group 1 alone: its active map, the last one.
-    ASSERT_EQ(render(path, {QStringLiteral("--group"), QStringLiteral("1")}).Status, 0);
-    image = ReadPng(png);
+    // A group alone: its active map, the last one.
+    image = render(path, {"--group", "1"});
     EXPECT_TRUE(near(image.pixelColor(20, 20), board));
     EXPECT_TRUE(near(image.pixelColor(110, 110), infantry));
-
     // By default the active group's active map, here at half size.
-    ASSERT_EQ(render(path, {QStringLiteral("--scale"), QStringLiteral("0.5")}).Status, 0);
-    image = ReadPng(png);
-    ASSERT_EQ(image.size(), QSize(BoardWidth / 2, BoardHeight / 2));
+    image = render(path, {"--scale", "0.5"});
+    ASSERT_EQ(image.size(), QSize(150, 100));
     EXPECT_TRUE(near(image.pixelColor(108, 58), tank));
     EXPECT_TRUE(near(image.pixelColor(98, 58), board));
 
-    for (const QStringList& missing : {QStringList{QStringLiteral("--group"), QStringLiteral("3")},
-                                       QStringList{QStringLiteral("--group"), QStringLiteral("2"),
-                                                   QStringLiteral("--map"), QStringLiteral("2")}}) {
+    for (const QStringList& missing :
+         {QStringList{"--group", "3"}, QStringList{"--group", "2", "--map", "2"}}) {
         QFile::remove(png);
-        const ToolRun run = render(path, missing);
+        const ToolRun run = Tool(QStringList{QStringLiteral("render"), path, "-o", png} + missing);
         EXPECT_EQ(run.Status, 1);
         EXPECT_TRUE(run.Err.contains(QStringLiteral("has no"))) << run.Err.toStdString();
         EXPECT_FALSE(QFile::exists(png));
     }
+}
+
+TEST_F(ToolRender, TransparentLabelsLetTheBoardShowThrough)
+{
+    const QString definition =
+        WarModule()
+            .Definition()
+            .replace(QStringLiteral(">war<"), QStringLiteral(">glass<"))
+            .replace(QStringLiteral("transparent>false<"), QStringLiteral("transparent>true<"));
+    home.WriteFile(QStringLiteral("modules/glass.krm"),
+                   EditPack(WarModule().Pack(), {{"module.def", definition.toUtf8()}}));
+    auto game = NewGame(QStringLiteral("Glass"));
+    AddUnit(*game->ActiveMapGroup()->ActiveMap(), QStringLiteral("inf"), 40, 50, "x3");
+    const QString path = home.WriteFile(QStringLiteral("glass.krf"),
+                                        CGameFile::ToBytes(*game, QStringLiteral("krm_glass_v1")));
+
+    const QImage image = render(path);
+    EXPECT_GT(labelPixels(image, 40, 50, blue), 0);
+    EXPECT_EQ(labelPixels(image, 40, 50, black), 0);
 }

@@ -12,10 +12,19 @@
 #include "persist/CGameFile.h"
 #include "tokens/IToken.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonParseError>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+
+QJsonValue ToolRun::Json() const
+{
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(Out.toUtf8(), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
+    return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
+}
 
 ToolRun RunTool(const QStringList& arguments)
 {
@@ -33,7 +42,6 @@ ToolRun RunTool(const QStringList& arguments)
         process.kill();
         process.waitForFinished();
         ADD_FAILURE() << "korvane-tool did not finish: " << arguments.join(' ').toStdString();
-        return run;
     }
     run.Out = QString::fromUtf8(process.readAllStandardOutput());
     run.Err = QString::fromUtf8(process.readAllStandardError());
@@ -47,13 +55,11 @@ TestModule ToolFixture::WarModule()
     TestModule module;
     module.UniqueId = QStringLiteral("war");
     module.Title = QStringLiteral("War Game");
-    module.BoardSize = QSize(BoardWidth, BoardHeight);
     module.UnitSize = UnitSize;
-    TestToken infantry(QStringLiteral("inf"), QStringLiteral("Quantity"), QStringLiteral("Land"));
-    TestToken tank(QStringLiteral("tank"), QStringLiteral("Image"), QStringLiteral("Land"));
     TestToken move(QStringLiteral("move"), QStringLiteral("Arrow"), QStringLiteral("Markers"));
     move.Extra = QStringLiteral("<line_html_color>#FF0000</line_html_color>");
-    module.Tokens = {infantry, tank, move};
+    module.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
+                     TestToken(QStringLiteral("tank")), move};
     return module;
 }
 
@@ -63,10 +69,9 @@ void ToolFixture::SetUp()
     auto root = std::make_shared<CKorvane>();
     InstallRoot(root);
     root->Constructor(nullptr);
-    const CContextMgr& contexts = root->ContextMgr();
-    const std::int32_t position = contexts.PosOfContext(QStringLiteral("krm_war_v1"));
+    const std::int32_t position = root->ContextMgr().PosOfContext(QStringLiteral("krm_war_v1"));
     ASSERT_NE(position, 0);
-    context = contexts.Context(position);
+    context = root->ContextMgr().Context(position);
     context->Activate(nullptr);
     root->SetContext(context);
 }
@@ -79,8 +84,7 @@ void ToolFixture::TearDown()
 
 ToolRun ToolFixture::Tool(QStringList arguments) const
 {
-    arguments << QStringLiteral("--home") << home.Path();
-    return RunTool(arguments);
+    return RunTool(arguments << QStringLiteral("--home") << home.Path());
 }
 
 std::shared_ptr<CGame> ToolFixture::NewGame(const QString& name) const
@@ -136,20 +140,4 @@ std::shared_ptr<CArrow> ToolFixture::AddArrow(CMap& map, std::int32_t tailX, std
 QString ToolFixture::Save(CGame& game, const QString& fileName) const
 {
     return home.WriteFile(fileName, CGameFile::ToBytes(game, context->Id()));
-}
-
-QJsonObject ToolFixture::JsonObject(const QString& text)
-{
-    QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
-    EXPECT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
-    EXPECT_TRUE(document.isObject());
-    return document.object();
-}
-
-QImage ToolFixture::ReadPng(const QString& path)
-{
-    QImage image(path, "PNG");
-    EXPECT_FALSE(image.isNull()) << path.toStdString();
-    return image;
 }

@@ -3,9 +3,7 @@
 #include "contexts/ContextTestSupport.h"
 #include "support/TestHome.h"
 
-#include <QImage>
-#include <QJsonObject>
-#include <QString>
+#include <QJsonValue>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -20,15 +18,16 @@ class CMapGroup;
 class CUnit;
 class IGameContext;
 
-// What one run of korvane-tool did.
+// What one run of korvane-tool did; Status is -1 when it crashed or hung.
 struct ToolRun
 {
-    // The exit status; -1 when the tool crashed or hung.
     int Status = -1;
     QString Out;
     QString Err;
 
     QStringList ErrLines() const { return Err.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
+    // The output parsed as JSON (failing the test when it is not).
+    QJsonValue Json() const;
 };
 
 // Runs the built korvane-tool with exactly these arguments, without a
@@ -42,8 +41,6 @@ ToolRun RunTool(const QStringList& arguments);
 class ToolFixture : public ::testing::Test
 {
 protected:
-    static constexpr int BoardWidth = 300;
-    static constexpr int BoardHeight = 200;
     static constexpr int UnitSize = 32;
 
     void SetUp() override;
@@ -55,8 +52,9 @@ protected:
 
     // A game with one group holding one map, both active.
     std::shared_ptr<CGame> NewGame(const QString& name) const;
+    // Adds a map to a group and makes it the group's active (locked) map.
     static std::shared_ptr<CMap> AddMap(CMapGroup& group, const QString& name);
-    // The map must be locked (the active map of a group is).
+    // The map must be locked.
     std::shared_ptr<CUnit> AddUnit(CMap& map, const QString& tokenId, std::int32_t x,
                                    std::int32_t y, const QString& caption = QString(),
                                    const QString& data = QString(), bool moved = false) const;
@@ -65,9 +63,6 @@ protected:
                                             std::int32_t color);
     // Saves a game of the war module into the home; returns its path.
     QString Save(CGame& game, const QString& fileName) const;
-
-    static QJsonObject JsonObject(const QString& text);
-    static QImage ReadPng(const QString& path);
 
     TestHome home;
     std::shared_ptr<IGameContext> context;
