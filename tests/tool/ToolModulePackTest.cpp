@@ -114,15 +114,21 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("module.def: line %1: ").arg(line)))
         << problems[0].toStdString();
 
-    // Every picture problem is listed under its own entry.
+    // Every picture problem is listed under its own entry (and the picture
+    // library's own complaints about a damaged PNG stay off stderr).
     module.Tokens[1].Unit = QStringLiteral("ghost.png");
+    QByteArray damaged = TestModule::Picture(QStringLiteral("inf.png"), {UnitSize, UnitSize});
+    damaged[damaged.size() - 20] = ~damaged[damaged.size() - 20];
     problems = problemsOf(QStringLiteral("pictures.krm"),
-                          EditPack(module.Pack(), {{QStringLiteral("board.png"), "not a picture"}},
+                          EditPack(module.Pack(),
+                                   {{QStringLiteral("board.png"), "not a picture"},
+                                    {QStringLiteral("inf.png"), damaged}},
                                    {QStringLiteral("ghost.png")}));
-    ASSERT_EQ(problems.size(), 2);
+    ASSERT_EQ(problems.size(), 3);
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("board.png: not a picture")));
-    EXPECT_TRUE(problems[1].startsWith(QStringLiteral("ghost.png: missing")));
-    EXPECT_TRUE(problems[1].contains(QStringLiteral("token 'tank'")));
+    EXPECT_TRUE(problems[1].startsWith(QStringLiteral("inf.png: not a picture")));
+    EXPECT_TRUE(problems[2].startsWith(QStringLiteral("ghost.png: missing")));
+    EXPECT_TRUE(problems[2].contains(QStringLiteral("token 'tank'")));
 
     // A click region outside the picture, and an initial game that is not one.
     module = WarModule();
