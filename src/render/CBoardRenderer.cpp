@@ -9,7 +9,6 @@
 #include "model/CUnit.h"
 #include "tokens/IToken.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPolygonF>
@@ -58,6 +57,7 @@ CBoardRenderer::CBoardRenderer(std::shared_ptr<IGameContext> context)
     if (!m_context)
         return;
     m_labelFont = MakeLabelFont(m_context->FontName(), m_context->FontSize());
+    m_labelMetrics = QFontMetrics(m_labelFont);
     m_foreColor = ToColor(m_context->LabelForeColor());
     m_backColor = ToColor(m_context->LabelBackColor());
     m_movedColor = ToColor(m_context->LabelMovedColor());
@@ -97,11 +97,11 @@ QRect CBoardRenderer::LabelRect(const CUnit& unit) const
     const QString caption = singleLine(unit.Caption());
     if (caption.isEmpty())
         return QRect();
-    const QFontMetrics metrics(m_labelFont);
-    const int width = metrics.horizontalAdvance(caption) + 2 * LabelPadding;
+    const int width = m_labelMetrics.horizontalAdvance(caption) + 2 * LabelPadding;
     const QRect picture = PictureRect(unit);
     const int centre = picture.left() + picture.width() / 2;
-    return QRect(centre - width / 2, picture.top() + picture.height(), width, metrics.height());
+    return QRect(centre - width / 2, picture.top() + picture.height(), width,
+                 m_labelMetrics.height());
 }
 
 QRect CBoardRenderer::UnitBounds(const CUnit& unit) const

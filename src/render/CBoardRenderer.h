@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QFontMetrics>
 #include <QImage>
 #include <QRect>
 #include <QSize>
@@ -79,6 +80,7 @@ private:
 
     std::shared_ptr<IGameContext> m_context;
     QFont m_labelFont;
+    QFontMetrics m_labelMetrics{m_labelFont};
     QColor m_foreColor;
     QColor m_backColor;
     QColor m_movedColor;
