@@ -27,7 +27,6 @@ CToolSession::CToolSession(QString home) : m_home(std::move(home)) {}
 
 CToolSession::~CToolSession()
 {
-    m_active.reset();
     if (!m_root)
         return;
     try {
@@ -39,7 +38,7 @@ CToolSession::~CToolSession()
         CMap::RemoveLeftoverSwapFiles();
     } catch (const std::exception& error) {
         // The command's outcome stands; a leftover cache file is all this can cost.
-        qCritical("korvane-tool: shutting down: %s", error.what());
+        qCritical("shutting down: %s", error.what());
     }
 }
 
@@ -87,7 +86,6 @@ void CToolSession::Activate(const std::shared_ptr<IGameContext>& context, const 
                                                error.Description());
     }
     root.SetContext(context);
-    m_active = context;
 }
 
 CToolSession::LoadedGame CToolSession::LoadGame(const QString& path)

@@ -66,5 +66,4 @@ public:
 private:
     QString m_home;
     std::shared_ptr<CKorvane> m_root;
-    std::shared_ptr<IGameContext> m_active;
 };
