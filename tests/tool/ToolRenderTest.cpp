@@ -30,7 +30,8 @@ protected:
         return QImage(png);
     }
 
-    // Pixels of a colour kind where the label of a unit at x, y goes.
+    // Pixels of a colour kind where the label of a unit at x, y goes. The
+    // module's pictures have every channel from 64 up, so they never match.
     static int labelPixels(const QImage& image, int x, int y, bool (*kind)(QColor))
     {
         int found = 0;
@@ -40,8 +41,8 @@ protected:
         }
         return found;
     }
-    static bool blue(QColor c) { return c.blue() > 150 && c.red() < 100 && c.green() < 100; }
-    static bool green(QColor c) { return c.green() > 150 && c.red() < 100 && c.blue() < 100; }
+    static bool blue(QColor c) { return c.blue() > 150 && c.red() < 30 && c.green() < 30; }
+    static bool green(QColor c) { return c.green() > 150 && c.red() < 30 && c.blue() < 30; }
     static bool black(QColor c) { return c.red() < 30 && c.green() < 30 && c.blue() < 30; }
 
     const QString png = home.File(QStringLiteral("board.png"));
