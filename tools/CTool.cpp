@@ -114,20 +114,20 @@ int CTool::Run(const QStringList& arguments, QTextStream& out, QTextStream& err)
         }
         const bool scanned = scan.parse(arguments);
         const QStringList positional = scan.positionalArguments();
+        IToolCommand* command = positional.isEmpty() ? nullptr : find(positional.constFirst());
+        if (!command && scanned && scan.isSet(helpOption)) {
+            out << generalHelp();
+            return 0;
+        }
+        if (!command && scanned && scan.isSet(versionOption)) {
+            out << versionLine();
+            return 0;
+        }
         if (positional.isEmpty()) {
             if (!scanned)
                 throw CToolFailure::Usage(scan.errorText() + seeHelp());
-            if (scan.isSet(helpOption)) {
-                out << generalHelp();
-                return 0;
-            }
-            if (scan.isSet(versionOption)) {
-                out << versionLine();
-                return 0;
-            }
             throw CToolFailure::Usage(QStringLiteral("no command given") + seeHelp());
         }
-        IToolCommand* command = find(positional.constFirst());
         if (!command)
             throw CToolFailure::Usage(QStringLiteral("unknown command '") +
                                       positional.constFirst() + QLatin1Char('\'') + seeHelp());
