@@ -1,0 +1,115 @@
+#include "tool/ToolTestSupport.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace {
+
+using ToolCommandLine = ToolFixture;
+
+// A failure is one line on stderr naming what is at fault.
+void expectOneLine(const ToolRun& run, const QString& mentions)
+{
+    ASSERT_EQ(run.ErrLines().size(), 1) << run.Err.toStdString();
+    EXPECT_TRUE(run.Err.startsWith(QStringLiteral("korvane-tool: "))) << run.Err.toStdString();
+    EXPECT_TRUE(run.Err.contains(mentions)) << run.Err.toStdString();
+}
+
+} // namespace
+
+TEST_F(ToolCommandLine, HelpAndVersionWorkForTheToolAndEveryCommand)
+{
+    const ToolRun help = RunTool({QStringLiteral("--help")});
+    EXPECT_EQ(help.Status, 0);
+    EXPECT_TRUE(help.Err.isEmpty()) << help.Err.toStdString();
+    for (const char* command :
+         {"modules", "info", "dump", "new", "resave", "render", "pack", "unpack", "check-module"})
+        EXPECT_TRUE(help.Out.contains(QLatin1String(command))) << command;
+
+    const ToolRun renderHelp = RunTool({QStringLiteral("render"), QStringLiteral("--help")});
+    EXPECT_EQ(renderHelp.Status, 0);
+    for (const char* option : {"--group", "--map", "--scale", "--output", "--home", "FILE"})
+        EXPECT_TRUE(renderHelp.Out.contains(QLatin1String(option))) << option;
+
+    for (const QStringList& arguments : {QStringList{QStringLiteral("--version")},
+                                         QStringList{QStringLiteral("info"), "--version"}}) {
+        const ToolRun version = RunTool(arguments);
+        EXPECT_EQ(version.Status, 0);
+        EXPECT_EQ(version.Out.trimmed(), QStringLiteral("korvane-tool " KORVANE_VERSION_STRING));
+    }
+}
+
+TEST_F(ToolCommandLine, UsageErrorsExitWithTwoAndInputErrorsWithOne)
+{
+    const QString game = Save(*NewGame(QStringLiteral("Usage")), QStringLiteral("usage.krf"));
+    const QString png = home.File(QStringLiteral("x.png"));
+    const struct
+    {
+        QStringList Arguments;
+        const char* Mentions;
+    } usage[] = {
+        {{}, "no command"},
+        {{QStringLiteral("explode")}, "explode"},
+        {{QStringLiteral("info")}, "FILE"},
+        {{QStringLiteral("info"), game, game}, "FILE"},
+        {{QStringLiteral("info"), game, QStringLiteral("--colour")}, "colour"},
+        {{QStringLiteral("info"), game, QStringLiteral("--home")}, "home"},
+        {{QStringLiteral("resave"), game}, "--output"},
+        {{QStringLiteral("render"), game, "-o", png, "--group", "0"}, "--group"},
+        {{QStringLiteral("render"), game, "-o", png, "--map", "two"}, "--map"},
+        {{QStringLiteral("render"), game, "-o", png, "--scale", "0"}, "--scale"},
+    };
+    for (const auto& c : usage) {
+        const ToolRun run = RunTool(c.Arguments);
+        EXPECT_EQ(run.Status, 2) << c.Arguments.join(' ').toStdString();
+        expectOneLine(run, QLatin1String(c.Mentions));
+    }
+    EXPECT_FALSE(QFile::exists(png));
+
+    const ToolRun missing = Tool({QStringLiteral("dump"), home.File(QStringLiteral("gone.krf"))});
+    EXPECT_EQ(missing.Status, 1);
+    expectOneLine(missing, home.File(QStringLiteral("gone.krf")) + ": no such file");
+    const ToolRun noHome = RunTool({QStringLiteral("modules"), "--home", home.File("nowhere")});
+    EXPECT_EQ(noHome.Status, 1);
+    expectOneLine(noHome, home.File(QStringLiteral("nowhere")));
+}
+
+TEST_F(ToolCommandLine, ModulesAreListedInTheProgramsOrderWithTheirKind)
+{
+    TestModule standard;
+    standard.UniqueId = QStringLiteral("alpha");
+    standard.Title = QStringLiteral("Alpha\tGame");
+    standard.WriteTo(home.File(QStringLiteral("modules/alpha.krm")));
+    TestModule().WriteTo(home.File(QStringLiteral("modules/KRCV1A.KRM")));
+    TestModule user;
+    user.UniqueId = QStringLiteral("mine");
+    user.Title = QStringLiteral("Aardvark");
+    user.WriteTo(home.File(QStringLiteral("usermods/mine.udm")));
+    home.WriteFile(QStringLiteral("modules/broken.krm"), "not a pack");
+
+    // User modules come last whatever their names; tabs in captions become blanks.
+    const ToolRun text = Tool({QStringLiteral("modules")});
+    ASSERT_EQ(text.Status, 0) << text.Err.toStdString();
+    EXPECT_EQ(
+        text.Out.split(QLatin1Char('\n'), Qt::SkipEmptyParts),
+        (QStringList{"1\tkrm_alpha_v1\tAlpha Game\tstandard\t" + home.File("modules/alpha.krm"),
+                     "2\tkrm_chess_by_tavrelstudio_v1\tKorvane Chess\tbuiltin\t" +
+                         home.File("modules/KRCV1A.KRM"),
+                     "3\tkrm_war_v1\tWar Game\tstandard\t" + home.File("modules/war.krm"),
+                     "4\tudm_mine_v1\tAardvark\tuser\t" + home.File("usermods/mine.udm")}));
+
+    // The home comes from KORVANE_HOME when --home is not given.
+    const QJsonValue modules = RunTool({QStringLiteral("modules"), "--json"}).Json();
+    ASSERT_EQ(modules.toArray().size(), 4);
+    EXPECT_EQ(modules[0]["caption"], QJsonValue("Alpha\tGame"));
+    EXPECT_EQ(modules[1], QJsonValue(QJsonObject{{"position", 2},
+                                                 {"id", "krm_chess_by_tavrelstudio_v1"},
+                                                 {"caption", "Korvane Chess"},
+                                                 {"kind", "builtin"},
+                                                 {"file", home.File("modules/KRCV1A.KRM")},
+                                                 {"extension", "mcm"}}));
+    EXPECT_EQ(modules[2]["extension"], QJsonValue("krf"));
+    EXPECT_EQ(modules[3]["kind"], QJsonValue("user"));
+    EXPECT_EQ(modules[3]["extension"], QJsonValue("cmf"));
+}

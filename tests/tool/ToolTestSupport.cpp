@@ -1,0 +1,143 @@
+#include "tool/ToolTestSupport.h"
+
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CKorvane.h"
+#include "core/CUtility.h"
+#include "model/CArrow.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "model/CUnit.h"
+#include "persist/CGameFile.h"
+#include "tokens/IToken.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+QJsonValue ToolRun::Json() const
+{
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(Out.toUtf8(), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
+    return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
+}
+
+ToolRun RunTool(const QStringList& arguments)
+{
+    static QTemporaryDir settings;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QString::fromLatin1(name));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
+
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(KORVANE_TOOL_PATH), arguments);
+    ToolRun run;
+    if (!process.waitForFinished(120000)) {
+        process.kill();
+        process.waitForFinished();
+        ADD_FAILURE() << "korvane-tool did not finish: " << arguments.join(' ').toStdString();
+    }
+    run.Out = QString::fromUtf8(process.readAllStandardOutput());
+    run.Err = QString::fromUtf8(process.readAllStandardError());
+    if (process.exitStatus() == QProcess::NormalExit)
+        run.Status = process.exitCode();
+    return run;
+}
+
+TestModule ToolFixture::WarModule()
+{
+    TestModule module;
+    module.UniqueId = QStringLiteral("war");
+    module.Title = QStringLiteral("War Game");
+    module.UnitSize = UnitSize;
+    TestToken move(QStringLiteral("move"), QStringLiteral("Arrow"), QStringLiteral("Markers"));
+    move.Extra = QStringLiteral("<line_html_color>#FF0000</line_html_color>");
+    module.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
+                     TestToken(QStringLiteral("tank")), move};
+    return module;
+}
+
+void ToolFixture::SetUp()
+{
+    WarModule().WriteTo(home.File(QStringLiteral("modules/war.krm")));
+    auto root = std::make_shared<CKorvane>();
+    InstallRoot(root);
+    root->Constructor(nullptr);
+    const std::int32_t position = root->ContextMgr().PosOfContext(QStringLiteral("krm_war_v1"));
+    ASSERT_NE(position, 0);
+    context = root->ContextMgr().Context(position);
+    context->Activate(nullptr);
+    root->SetContext(context);
+}
+
+void ToolFixture::TearDown()
+{
+    context.reset();
+    ReleaseRoot();
+}
+
+ToolRun ToolFixture::Tool(QStringList arguments) const
+{
+    return RunTool(arguments << QStringLiteral("--home") << home.Path());
+}
+
+std::shared_ptr<CGame> ToolFixture::NewGame(const QString& name) const
+{
+    auto game = std::make_shared<CGame>(CUtility::GenerateId());
+    game->SetName(name);
+    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+    game->MapGroups().AddItem(group);
+    AddMap(*group, QStringLiteral("Turn 1"));
+    game->SwitchTo(group);
+    return game;
+}
+
+std::shared_ptr<CMap> ToolFixture::AddMap(CMapGroup& group, const QString& name)
+{
+    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
+    map->SetName(name);
+    group.Maps().AddItem(map);
+    group.SwitchTo(map);
+    return map;
+}
+
+std::shared_ptr<CUnit> ToolFixture::AddUnit(CMap& map, const QString& tokenId, std::int32_t x,
+                                            std::int32_t y, const QString& caption,
+                                            const QString& data, bool moved) const
+{
+    const CVector<IToken>& tokens = context->Tokens();
+    auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
+                                        tokens.Item(CUtility::SearchById(tokens, tokenId)));
+    unit->SetX(x);
+    unit->SetY(y);
+    unit->SetCaption(caption);
+    unit->SetData(data);
+    unit->SetHasMoved(moved);
+    map.Units()->AddItem(unit);
+    return unit;
+}
+
+std::shared_ptr<CArrow> ToolFixture::AddArrow(CMap& map, std::int32_t tailX, std::int32_t tailY,
+                                              std::int32_t headX, std::int32_t headY,
+                                              std::int32_t color)
+{
+    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+    arrow->SetTailX(tailX);
+    arrow->SetTailY(tailY);
+    arrow->SetHeadX(headX);
+    arrow->SetHeadY(headY);
+    arrow->SetColor(color);
+    map.Arrows()->AddItem(arrow);
+    return arrow;
+}
+
+QString ToolFixture::Save(CGame& game, const QString& fileName) const
+{
+    return home.WriteFile(fileName, CGameFile::ToBytes(game, context->Id()));
+}

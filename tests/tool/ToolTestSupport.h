@@ -1,0 +1,69 @@
+#pragma once
+
+#include "contexts/ContextTestSupport.h"
+#include "support/TestHome.h"
+
+#include <QJsonValue>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+
+class CArrow;
+class CGame;
+class CMap;
+class CMapGroup;
+class CUnit;
+class IGameContext;
+
+// What one run of korvane-tool did; Status is -1 when it crashed or hung.
+struct ToolRun
+{
+    int Status = -1;
+    QString Out;
+    QString Err;
+
+    QStringList ErrLines() const { return Err.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
+    // The output parsed as JSON (failing the test when it is not).
+    QJsonValue Json() const;
+};
+
+// Runs the built korvane-tool with exactly these arguments, without a
+// display and with settings kept in a temporary folder.
+ToolRun RunTool(const QStringList& arguments);
+
+// A home holding the module "War Game" (modules/war.krm: a quantity token
+// "inf", an image token "tank" and an arrow token "move", 32-pixel pictures
+// on a 300 x 200 board), and a root in this process with that module active,
+// so tests can build the games the tool then reads.
+class ToolFixture : public ::testing::Test
+{
+protected:
+    static constexpr int UnitSize = 32;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    static TestModule WarModule();
+    // korvane-tool with these arguments followed by "--home" and the home.
+    ToolRun Tool(QStringList arguments) const;
+
+    // A game with one group holding one map, both active.
+    std::shared_ptr<CGame> NewGame(const QString& name) const;
+    // Adds a map to a group and makes it the group's active (locked) map.
+    static std::shared_ptr<CMap> AddMap(CMapGroup& group, const QString& name);
+    // The map must be locked.
+    std::shared_ptr<CUnit> AddUnit(CMap& map, const QString& tokenId, std::int32_t x,
+                                   std::int32_t y, const QString& caption = QString(),
+                                   const QString& data = QString(), bool moved = false) const;
+    static std::shared_ptr<CArrow> AddArrow(CMap& map, std::int32_t tailX, std::int32_t tailY,
+                                            std::int32_t headX, std::int32_t headY,
+                                            std::int32_t color);
+    // Saves a game of the war module into the home; returns its path.
+    QString Save(CGame& game, const QString& fileName) const;
+
+    TestHome home;
+    std::shared_ptr<IGameContext> context;
+};

@@ -1,0 +1,75 @@
+#include "CInfoCommand.h"
+
+#include "CMapLock.h"
+#include "CToolSession.h"
+
+#include "contexts/IGameContext.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+
+#include <QTextStream>
+
+#include <zlib.h>
+
+namespace {
+
+// The bytes the zlib stream of the body takes, padding left out.
+qint64 compressedLength(const QByteArray& bytes, const CGameFile::Header& header)
+{
+    const qint64 stored = bytes.size() - header.BodyOffset;
+    QByteArray body(header.BodyLength, Qt::Uninitialized);
+    uLongf bodyLength = static_cast<uLongf>(header.BodyLength);
+    uLong sourceLength = static_cast<uLong>(stored);
+    const int result = uncompress2(
+        reinterpret_cast<Bytef*>(body.data()), &bodyLength,
+        reinterpret_cast<const Bytef*>(bytes.constData()) + header.BodyOffset, &sourceLength);
+    return result == Z_OK ? static_cast<qint64>(sourceLength) : stored;
+}
+
+} // namespace
+
+QString CInfoCommand::Summary() const
+{
+    return QStringLiteral("Summarises a game file: module, name, groups, maps, units, arrows, "
+                          "sizes.");
+}
+
+QList<IToolCommand::Argument> CInfoCommand::Arguments() const
+{
+    return {{QStringLiteral("FILE"), QStringLiteral("The game file.")}};
+}
+
+void CInfoCommand::Run(CToolSession& session, const QCommandLineParser&,
+                       const QStringList& arguments, QTextStream& out)
+{
+    const QString& path = arguments.constFirst();
+    const CToolSession::LoadedGame loaded = session.LoadGame(path);
+    const CGame& game = *loaded.Game;
+
+    std::int64_t maps = 0;
+    std::int64_t units = 0;
+    std::int64_t arrows = 0;
+    for (const auto& group : game.MapGroups()) {
+        for (const auto& map : group->Maps()) {
+            const CMapLock lock(map);
+            ++maps;
+            units += map->Units()->Count();
+            arrows += map->Arrows()->Count();
+        }
+    }
+
+    out << "File: " << path << '\n';
+    out << "Context: " << loaded.ContextId;
+    if (loaded.Header.StoredContextId != loaded.ContextId)
+        out << " (stored as " << loaded.Header.StoredContextId << ')';
+    out << '\n';
+    out << "Module: " << loaded.Context->Caption() << '\n';
+    out << "Name: " << game.Name() << '\n';
+    out << "Groups: " << game.MapGroups().Count() << '\n';
+    out << "Maps: " << maps << '\n';
+    out << "Units: " << units << '\n';
+    out << "Arrows: " << arrows << '\n';
+    out << "Body size: " << loaded.Header.BodyLength << " bytes\n";
+    out << "Compressed size: " << compressedLength(loaded.Bytes, loaded.Header) << " bytes\n";
+}
