@@ -2,6 +2,7 @@
 
 #include "contexts/CResFileWriter.h"
 #include "core/CUtility.h"
+#include "tokens/IToken.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -134,4 +135,22 @@ int CountTraceLines(const QString& traceFile, const QString& text)
             ++count;
     }
     return count;
+}
+
+QString TokenLine(const IToken& t)
+{
+    return QStringList{t.Id(),
+                       t.Class(),
+                       QString::number(t.Index()),
+                       t.Category(),
+                       t.Caption(),
+                       t.Custom(),
+                       t.Image(),
+                       QStringLiteral("%1x%2").arg(t.ImageWidth()).arg(t.ImageHeight()),
+                       QStringLiteral("%1,%2,%3,%4")
+                           .arg(t.RegionLeft())
+                           .arg(t.RegionTop())
+                           .arg(t.RegionWidth())
+                           .arg(t.RegionHeight())}
+        .join(QLatin1Char('|'));
 }

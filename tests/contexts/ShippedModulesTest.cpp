@@ -134,15 +134,10 @@ TEST_F(ShippedModulesTest, ChessStartsFromTheInitialPosition)
         }
     }
     EXPECT_EQ(squares.size(), 32);
-    for (const char side : {'w', 'b'}) {
-        const QString s(side);
-        EXPECT_EQ(counts[s + 'p'], 8);
-        EXPECT_EQ(counts[s + 'r'], 2);
-        EXPECT_EQ(counts[s + 'n'], 2);
-        EXPECT_EQ(counts[s + 'b'], 2);
-        EXPECT_EQ(counts[s + 'q'], 1);
-        EXPECT_EQ(counts[s + 'k'], 1);
-    }
+    const std::map<QString, int> pieces{{"wp", 8}, {"wr", 2}, {"wn", 2}, {"wb", 2},
+                                        {"wq", 1}, {"wk", 1}, {"bp", 8}, {"br", 2},
+                                        {"bn", 2}, {"bb", 2}, {"bq", 1}, {"bk", 1}};
+    EXPECT_EQ(counts, pieces);
     // Each new game is a game of its own.
     EXPECT_NE(chess->CreateDefaultGame()->Id(), game->Id());
 }
@@ -185,15 +180,15 @@ TEST_F(ShippedModulesTest, SkirmishUsesEveryTokenKindAndPlacesItsUnits)
         EXPECT_TRUE(unit->x() > 0 && unit->x() < skirmish->MapWidth());
         EXPECT_TRUE(unit->y() > 0 && unit->y() < skirmish->MapHeight());
     }
-    ASSERT_TRUE(units["red_inf"]);
-    EXPECT_EQ(units["red_inf"]->Caption(), QStringLiteral("x3"));
-    EXPECT_EQ(units["red_inf"]->Data(), QStringLiteral("3"));
-    ASSERT_TRUE(units["blue_arm"]);
-    EXPECT_EQ(units["blue_arm"]->Data(), QStringLiteral("2"));
-    ASSERT_TRUE(units["turn"]);
-    EXPECT_EQ(units["turn"]->Caption(), QStringLiteral("x1"));
-    ASSERT_TRUE(units["objective"]);
-    EXPECT_EQ(units["objective"]->Data(), QStringLiteral("Hold the bridge"));
+    const auto label = [&](const char* id) {
+        const auto& unit = units[QLatin1String(id)];
+        return unit ? unit->Caption() + '/' + unit->Data() : QStringLiteral("missing");
+    };
+    EXPECT_EQ(label("red_inf"), QStringLiteral("x3/3"));
+    EXPECT_EQ(label("blue_arm").section('/', 1), QStringLiteral("2"));
+    EXPECT_EQ(label("turn").section('/', 0, 0), QStringLiteral("x1"));
+    EXPECT_EQ(label("objective").section('/', 1), QStringLiteral("Hold the bridge"));
+    ASSERT_TRUE(units["red_inf"] && units["blue_inf"]);
     // Both sides are on the board, on their own halves.
     EXPECT_LT(units["red_inf"]->x(), skirmish->MapWidth() / 2);
     EXPECT_GT(units["blue_inf"]->x(), skirmish->MapWidth() / 2);

@@ -25,6 +25,4 @@ TEST(AnsiCodecBlocks, specialCharactersAnywhereAreConvertedByTheTable)
         expected[at] = '?';
         EXPECT_EQ(CAnsiCodec::Encode(text), expected) << at;
     }
-    EXPECT_EQ(CAnsiCodec::Decode(QByteArray("\x9F", 1)), QString(QChar(0x0178)));
-    EXPECT_EQ(CAnsiCodec::Decode(QByteArray("\x81", 1)), QString(QChar(0x0081)));
 }

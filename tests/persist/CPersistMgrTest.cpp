@@ -21,7 +21,6 @@
 
 #include <csignal>
 #include <sys/resource.h>
-#include <zlib.h>
 
 namespace {
 
@@ -114,25 +113,9 @@ protected:
         return ids;
     }
 
-    static QByteArray compressed(const QByteArray& body)
-    {
-        uLongf length = compressBound(static_cast<uLong>(body.size()));
-        QByteArray out(static_cast<qsizetype>(length), '\0');
-        compress2(reinterpret_cast<Bytef*>(out.data()), &length,
-                  reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()),
-                  9);
-        out.resize(static_cast<qsizetype>(length));
-        return out;
-    }
-
     static QByteArray fileAround(const QByteArray& body)
     {
-        return Bytes()
-            .append("KR01")
-            .small(alphaId.toLatin1())
-            .i32(static_cast<std::int32_t>(body.size()))
-            .append(compressed(body))
-            .data();
+        return FileAround(body, alphaId.toLatin1());
     }
 
     static QByteArray currentImage() { return CGameFile::ToBytes(*Root().Game(), alphaId); }
@@ -296,9 +279,11 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
     ASSERT_TRUE(CGameFile::ReadHeader(good, header, nullptr));
     QByteArray flipped = good;
     flipped[header.BodyOffset + 7] = static_cast<char>(flipped[header.BodyOffset + 7] ^ 0x55);
-    QByteArray longer = good;
-    const std::int32_t more = header.BodyLength + 10;
-    std::memcpy(longer.data() + header.BodyOffset - 4, &more, 4);
+    const auto declaring = [&](std::int32_t length) {
+        QByteArray bytes = good;
+        std::memcpy(bytes.data() + header.BodyOffset - 4, &length, 4);
+        return bytes;
+    };
     const QByteArray gameStart = Bytes().i16(2).small("G").small("").small("").data();
     const QByteArray mapStart = Bytes()
                                     .i16(1)
@@ -326,10 +311,17 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
     } cases[] = {
         {"magic.krf", "KR02" + good.mid(4), "It is not a Korvane game file."},
         {"empty.krf", QByteArray(), "It is not a Korvane game file."},
+        {"short.krf", good.left(3), "It is not a Korvane game file."},
+        {"header.krf", good.left(header.BodyOffset - 2), "header"},
+        // Lengths that cannot be right are refused before anything is allocated.
+        {"zero.krf", declaring(0), "body length"},
+        {"negative.krf", declaring(-5), "body length"},
+        {"huge.krf", declaring(2000000000), "body length"},
+        {"cut.krf", good.left(header.BodyOffset + 6), "damaged"},
         {"foreign.krf", CGameFile::ToBytes(*game, "krm_gone_v1"), QString()},
         {"beta.krf", CGameFile::ToBytes(*game, "krm_beta_v1"), "'beta', which is not the active"},
         {"inflate.krf", flipped, "damaged"},
-        {"length.krf", longer, "damaged"},
+        {"length.krf", declaring(header.BodyLength + 10), "damaged"},
         {"truncated.krf", fileAround(truncated), "truncated"},
         {"count.krf", fileAround(hugeCount), "30000 units, more than the remaining"},
         {"newer.krf", fileAround(newer), "newer version of Korvane"},

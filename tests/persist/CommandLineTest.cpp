@@ -9,6 +9,8 @@
 #include "model/CMapGroup.h"
 #include "persist/CGameFile.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 const QString alphaId = QStringLiteral("krm_alpha_v1");
@@ -43,7 +45,8 @@ protected:
         return home.WriteFile(name, bytes);
     }
 
-    static QString quoted(const QString& path) { return '"' + path + '"'; }
+    // The context and game announcements heard so far.
+    QStringList announced() const { return log->Lines.filter(QRegularExpression("^New")); }
 
     std::shared_ptr<AnnouncementLog> log = std::make_shared<AnnouncementLog>();
 };
@@ -56,9 +59,10 @@ TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneAnnouncingBothS
     const auto alpha = Root().Context();
     const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
 
-    MMain::HandleCommandLine("  " + quoted(path) + " --ignored  ");
+    MMain::HandleCommandLine("  \"" + path + "\" --ignored  ");
 
-    EXPECT_EQ(log->Lines, QStringList({"new context: none", "new context: " + betaId, "new game"}));
+    EXPECT_EQ(announced(),
+              QStringList({"NewContext(none)", "NewContext(" + betaId + ')', "NewGame()"}));
     ASSERT_TRUE(Root().Context());
     EXPECT_EQ(Root().Context()->Id(), betaId);
     EXPECT_EQ(Root().Context()->Tokens().Count(), 5) << "the new context is activated";
@@ -81,7 +85,7 @@ TEST_F(CommandLineTest, AFileOfTheActiveContextKeepsItAsItIs)
 
     MMain::HandleCommandLine(path + " more words");
 
-    EXPECT_EQ(log->Lines, QStringList{"new game"});
+    EXPECT_EQ(announced(), QStringList{"NewGame()"});
     EXPECT_EQ(Root().Context(), alpha);
     EXPECT_EQ(alpha->Tokens().Count(), 5);
     EXPECT_TRUE(gui->Progress.Calls.isEmpty());
@@ -93,7 +97,7 @@ TEST_F(CommandLineTest, WithNoContextActiveTheFilesContextIsActivatedOnce)
 {
     startTwo(false);
     MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId));
-    EXPECT_EQ(log->Lines, QStringList({"new context: " + betaId, "new game"}));
+    EXPECT_EQ(announced(), QStringList({"NewContext(" + betaId + ")", "NewGame()"}));
     EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
 }
 
@@ -105,7 +109,7 @@ TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilently)
                                 home.WriteFile(QStringLiteral("text.krf"), "KR02 not a game"),
                                 home.File(QStringLiteral("absent.krf")), QString()}) {
         MMain::HandleCommandLine(line);
-        EXPECT_TRUE(log->Lines.isEmpty()) << line.toStdString();
+        EXPECT_TRUE(announced().isEmpty()) << line.toStdString();
         EXPECT_TRUE(gui->Boxes.Boxes.empty()) << line.toStdString();
         EXPECT_EQ(Root().Context(), alpha);
         EXPECT_FALSE(Root().Game());
@@ -119,7 +123,7 @@ TEST_F(CommandLineTest, ADamagedFileOfAKnownContextLeavesThatContextActiveAndNoG
 
     MMain::HandleCommandLine(path);
 
-    EXPECT_EQ(log->Lines, QStringList({"new context: none", "new context: " + betaId}));
+    EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ")"}));
     EXPECT_EQ(Root().Context()->Id(), betaId);
     EXPECT_FALSE(Root().Game());
     ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);

@@ -4,10 +4,29 @@
 #include "contexts/IGameContext.h"
 #include "model/CGame.h"
 
+#include <zlib.h>
+
 void AnnouncementLog::NotifyOfNewContext()
 {
     const auto& context = Root().Context();
-    Lines << QStringLiteral("new context: ") + (context ? context->Id() : QStringLiteral("none"));
+    Lines << "NewContext(" + (context ? context->Id() : QStringLiteral("none")) + ')';
+}
+
+QByteArray Compressed(const QByteArray& body)
+{
+    uLongf length = compressBound(static_cast<uLong>(body.size()));
+    QByteArray out(static_cast<qsizetype>(length), '\0');
+    compress2(reinterpret_cast<Bytef*>(out.data()), &length,
+              reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()), 9);
+    out.resize(static_cast<qsizetype>(length));
+    return out;
+}
+
+QByteArray FileAround(const QByteArray& body, const QByteArray& storedId)
+{
+    const auto length = static_cast<std::int32_t>(body.size());
+    return "KR01" + (char(storedId.size()) + storedId) +
+           QByteArray(reinterpret_cast<const char*>(&length), 4) + Compressed(body);
 }
 
 TestModule PersistTest::module(const QString& name, const QStringList& tokenIds)

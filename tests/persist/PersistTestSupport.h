@@ -6,7 +6,7 @@
 #include "core/FOpenFileDlg.h"
 #include "core/FProgressWin.h"
 #include "core/FSaveFileDlg.h"
-#include "model/IGameEventListener.h"
+#include "support/EventLog.h"
 #include "support/TestHome.h"
 
 #include <QStringList>
@@ -94,30 +94,17 @@ public:
     RecordingProgressWin Progress;
 };
 
-// Notes the context and game announcements, with the context active at each.
-class AnnouncementLog : public IGameEventListener
+// Every announcement, with "NewContext(<active id or none>)" for a new context.
+class AnnouncementLog : public EventLog
 {
 public:
     void NotifyOfNewContext() override;
-    void NotifyOfNewGame() override { Lines << QStringLiteral("new game"); }
-    void NotifyOfArrowAdd(const QString&) override {}
-    void NotifyOfArrowDelete(const QString&) override {}
-    void NotifyOfArrowEdit(const QString&) override {}
-    void NotifyOfGameEdit() override {}
-    void NotifyOfGroupAdd(const QString&) override {}
-    void NotifyOfGroupDelete(const QString&) override {}
-    void NotifyOfGroupSwitch(const QString&, const QString&) override {}
-    void NotifyOfMapAdd(const QString&) override {}
-    void NotifyOfMapDelete(const QString&) override {}
-    void NotifyOfMapEdit(const QString&) override {}
-    void NotifyOfMapSwitch(const QString&, const QString&) override {}
-    void NotifyOfUnitAdd(const QString&) override {}
-    void NotifyOfUnitDelete(const QString&) override {}
-    void NotifyOfUnitEdit(const QString&) override {}
-
-    // "new context: <active id or none>" and "new game" lines.
-    QStringList Lines;
 };
+
+// body compressed as game files store it (zlib, level 9).
+QByteArray Compressed(const QByteArray& body);
+// A game file image around an arbitrary body, for damaged-file cases.
+QByteArray FileAround(const QByteArray& body, const QByteArray& storedId);
 
 // A home whose module packs the test writes before it starts the root.
 class PersistTest : public ::testing::Test
