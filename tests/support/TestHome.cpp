@@ -3,11 +3,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSettings>
 
 TestHome::TestHome()
     : m_previousHome(qgetenv("KORVANE_HOME")), m_hadHome(qEnvironmentVariableIsSet("KORVANE_HOME"))
 {
     qputenv("KORVANE_HOME", m_dir.path().toLocal8Bit());
+    // Each test starts with an empty settings store, whatever ran before it
+    // in the same process.
+    QSettings(QSettings::defaultFormat(), QSettings::UserScope, QStringLiteral("Korvane"),
+              QStringLiteral("Korvane"))
+        .clear();
 }
 
 TestHome::~TestHome()
