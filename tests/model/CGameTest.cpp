@@ -48,6 +48,8 @@ TEST_F(GameModel, lookupsSearchEveryGroup)
     EXPECT_EQ(game->GroupById(groups[2]->Id()), groups[2]);
     EXPECT_EQ(game->TokenById(QStringLiteral("MARK")), token(QStringLiteral("MARK")));
     EXPECT_EQ(game->GetMapCount(), 3);
+    Root().SetContext(nullptr);
+    EXPECT_EQ(game->TokenById(QStringLiteral("INF")), nullptr) << "no context, no tokens";
 }
 
 TEST_F(GameModel, switchingGroupsActivatesTheLastMapAndLeavesTheOldGroupAlone)
@@ -107,12 +109,6 @@ TEST_F(GameModel, lookupMissesWriteTheirTraceLines)
                   miss("CMap.UnitById", {notLocked}) + miss("CMap.ArrowById", {notLocked}) +
                   miss("CMap.UnitById", {mapId, QStringLiteral("Unit Not Found Id = 0123")}) +
                   miss("CMap.ArrowById", {mapId, QStringLiteral("Arrow Not Found Id = 0123")}));
-}
-
-TEST_F(GameModel, tokenLookupWithoutAContextAnswersNothing)
-{
-    Root().SetContext(nullptr);
-    EXPECT_EQ(game->TokenById(QStringLiteral("INF")), nullptr);
 }
 
 } // namespace
