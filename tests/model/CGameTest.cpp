@@ -40,8 +40,7 @@ protected:
 
 TEST_F(GameModel, lookupsSearchEveryGroup)
 {
-    EXPECT_EQ(game->MapById(m1->Id()), m1);
-    EXPECT_EQ(game->MapById(m3->Id()), m3);
+    EXPECT_EQ(game->MapById(m3->Id()), m3); // m1, in the first group, in the trace test
     EXPECT_EQ(game->GroupByMapId(m2->Id()), groups[0]);
     EXPECT_EQ(game->GroupByMapId(m3->Id()), groups[1]);
     EXPECT_EQ(game->GroupByMapId(QStringLiteral("nope")), nullptr);
