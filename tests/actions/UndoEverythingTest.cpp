@@ -8,19 +8,7 @@
 
 namespace {
 
-class UndoEverything : public GameFixture
-{
-protected:
-    void choose(const std::shared_ptr<CUnit>& unit, const QString& key)
-    {
-        gui->Popup.Answer = key;
-        unit->Token()->HandleRightClick(unit);
-    }
-    std::shared_ptr<CUnit> last() const
-    {
-        return board()->Units()->Item(board()->Units()->Count());
-    }
-};
+using UndoEverything = GameFixture;
 
 // Every kind of action, most of them made by the tokens' handlers, undone
 // back to the start and redone to the end.
@@ -32,13 +20,13 @@ TEST_F(UndoEverything, everyKindOfActionUndoesToTheStartAndRedoesToTheEnd)
 
     const auto inf = token(QStringLiteral("INF"));
     inf->HandleDrop(100, 100);
-    const auto placed = last();
+    const auto placed = lastUnit();
     inf->HandleMove(120, 130, placed);
     ASSERT_TRUE(placed->HasMoved());
     choose(placed, QStringLiteral("ADD_1"));
     choose(placed, QStringLiteral("SPLIT_1"));
     inf->HandleMoveOnto(old, placed);
-    choose(last(), QStringLiteral("DELETE"));
+    choose(lastUnit(), QStringLiteral("DELETE"));
     ASSERT_EQ(placed->Data(), QStringLiteral("5"));
 
     const auto arrow = token(QStringLiteral("ARROW"));
@@ -46,7 +34,7 @@ TEST_F(UndoEverything, everyKindOfActionUndoesToTheStartAndRedoesToTheEnd)
     arrow->HandleMove(90, 95, board()->Units()->Item(2));
     ASSERT_EQ(board()->Arrows()->Item(1)->HeadX(), 90);
     arrow->HandleDrop(50, 50);
-    choose(last(), QStringLiteral("DELETE"));
+    choose(lastUnit(), QStringLiteral("DELETE"));
     ASSERT_EQ(board()->Arrows()->Count(), 1);
     CActToolClearArrows().Invoke();
 

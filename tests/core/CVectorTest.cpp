@@ -1,11 +1,10 @@
 #include "core/CVector.h"
 
 #include "core/CString.h"
+#include "support/ErrorText.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 using Vec = CVector<CString>;
@@ -26,17 +25,6 @@ QString letters(const Vec& v)
     for (const auto& item : v)
         result += item->Value();
     return result;
-}
-
-// "number source: description" of the error a call raises.
-QString errorOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const KorvaneError& e) {
-        return QString::number(e.Number()) + u' ' + e.Source() + u": "_s + e.Description();
-    }
-    return u"none"_s;
 }
 
 } // namespace
@@ -65,10 +53,16 @@ TEST(CVector, CapacityFollowsIncrementClearPackAndClone)
     EXPECT_EQ(clone.Increment(), 3);
     EXPECT_EQ(clone.Item(2), v.Item(2));
     EXPECT_EQ(v.Item(2).use_count(), 2);
+    // Moving hands the items over and leaves the source empty and usable.
     Vec moved(std::move(clone));
     EXPECT_EQ(clone.Count(), 0); // NOLINT(bugprone-use-after-move)
     clone.AddItem(v.Item(1));
     EXPECT_EQ(letters(moved) + letters(clone), u"ABCDAA"_s);
+    Vec assigned = make(u"Z"_s);
+    assigned = std::move(moved);
+    EXPECT_EQ(moved.Count(), 0); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(letters(assigned), u"ABCDA"_s);
+    EXPECT_EQ(v.Item(2).use_count(), 2) << "one reference in v, one in assigned";
 }
 
 TEST(CVector, RaisesExactErrorsAndChangesNothing)

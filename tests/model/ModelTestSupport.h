@@ -9,12 +9,12 @@
 #include "model/CUnit.h"
 #include "persist/CInputStream.h"
 #include "persist/COutputStream.h"
+#include "support/ErrorText.h"
 #include "support/RootFixture.h"
 #include "support/TestContext.h"
 #include "tokens/IToken.h"
 
 #include <QByteArray>
-#include <QDir>
 #include <QStringList>
 
 // A root with an active test context holding a quantity, an empty, an arrow,
@@ -93,12 +93,6 @@ protected:
     static QByteArray bytesOf(const COutputStream& stream)
     {
         return QByteArray(reinterpret_cast<const char*>(stream.Address()), stream.Offset());
-    }
-
-    // The names of the files in the cache directory.
-    static QStringList cacheFiles()
-    {
-        return QDir(CUtility::GetCacheDir()).entryList(QDir::Files, QDir::Name);
     }
 
     std::shared_ptr<TestContext> context;

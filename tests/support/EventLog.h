@@ -5,11 +5,20 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-// Writes "Event(arguments)" for every announcement it hears.
-class EventLog : public IGameEventListener
+#include <functional>
+
+// Writes "Event(arguments)" for every announcement it hears, into its own
+// Lines or, when given a name and a shared log, as "name:Event(arguments)".
+// Base is the listener interface or a window interface deriving from it.
+template <typename Base> class EventLogOf : public Base
 {
 public:
+    EventLogOf() = default;
+    EventLogOf(QString name, QStringList& shared) : m_name(std::move(name)), m_shared(&shared) {}
+
     QStringList Lines;
+    // Runs after every announcement heard.
+    std::function<void()> OnHear;
 
     // The lines naming one event kind ("UnitEdit"), with their arguments.
     QStringList Of(const QString& event) const
@@ -43,6 +52,17 @@ public:
 private:
     void hear(const char* event, const QString& arguments)
     {
-        Lines << QLatin1String(event) + QLatin1Char('(') + arguments + QLatin1Char(')');
+        const QString line = QLatin1String(event) + QLatin1Char('(') + arguments + QLatin1Char(')');
+        if (m_shared)
+            *m_shared << m_name + QLatin1Char(':') + line;
+        else
+            Lines << line;
+        if (OnHear)
+            OnHear();
     }
+
+    QString m_name;
+    QStringList* m_shared = nullptr;
 };
+
+using EventLog = EventLogOf<IGameEventListener>;

@@ -47,6 +47,26 @@ protected:
         return addUnit(*board(), tokenId, x, y, QStringLiteral("x") + data, data, moved);
     }
 
+    // The board's last unit.
+    std::shared_ptr<CUnit> lastUnit() const
+    {
+        return board()->Units()->Item(board()->Units()->Count());
+    }
+
+    // Right-clicks the unit and picks the entry with this key (empty dismisses the menu).
+    void choose(const std::shared_ptr<CUnit>& unit, const QString& key) const
+    {
+        gui->Popup.Answer = key;
+        unit->Token()->HandleRightClick(unit);
+    }
+
+    // The entries of the unit's menu, dismissed.
+    QStringList menuOf(const std::shared_ptr<CUnit>& unit) const
+    {
+        choose(unit, QString());
+        return gui->Popup.Entries;
+    }
+
     static QStringList unitIds(const CMap& map)
     {
         QStringList ids;

@@ -31,20 +31,16 @@ public:
     void Show() override
     {
         ++ShowCount;
-        m_selected = static_cast<std::int32_t>(Entries.indexOf(chosen()) + 1);
+        m_selected = 0;
+        for (qsizetype i = 0; i < Entries.size() && !Answer.isEmpty() && m_selected == 0; ++i) {
+            if (Entries[i].section(QLatin1Char('|'), 1) == Answer)
+                m_selected = static_cast<std::int32_t>(i + 1);
+        }
     }
     std::int32_t SelectedItem() const override { return DismissKeepingContext ? 0 : m_selected; }
     QString SelectedItemContext() const override { return m_selected > 0 ? Answer : QString(); }
 
 private:
-    QString chosen() const
-    {
-        for (const QString& entry : Entries) {
-            if (!Answer.isEmpty() && entry.section(QLatin1Char('|'), 1) == Answer)
-                return entry;
-        }
-        return QString();
-    }
     std::int32_t m_selected = 0;
 };
 

@@ -13,14 +13,7 @@ protected:
 
     QStringList menuAt(const QString& count)
     {
-        choose(put(QStringLiteral("INF"), 1, 1, count), QString());
-        return gui->Popup.Entries;
-    }
-
-    void choose(const std::shared_ptr<CUnit>& unit, const QString& key)
-    {
-        gui->Popup.Answer = key;
-        unit->Token()->HandleRightClick(unit);
+        return menuOf(put(QStringLiteral("INF"), 1, 1, count));
     }
 
     static QString countOf(const CUnit& unit)

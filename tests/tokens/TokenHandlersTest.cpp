@@ -2,21 +2,7 @@
 
 namespace {
 
-class TokenHandlers : public GameFixture
-{
-protected:
-    void choose(const std::shared_ptr<CUnit>& unit, const QString& key)
-    {
-        gui->Popup.Answer = key;
-        unit->Token()->HandleRightClick(unit);
-    }
-
-    QStringList menuOf(const std::shared_ptr<CUnit>& unit)
-    {
-        choose(unit, QString());
-        return gui->Popup.Entries;
-    }
-};
+using TokenHandlers = GameFixture;
 
 TEST_F(TokenHandlers, numericMenusOfferAddingBelow200AndSubtractingAbove0)
 {
@@ -61,7 +47,7 @@ TEST_F(TokenHandlers, aDismissedMenuChangesNothingWhateverKeyItStillReports)
     gui->Popup.DismissKeepingContext = true;
     for (const char* id : {"INF", "TANK", "ARROW", "MARK", "NOTE"}) {
         token(QLatin1String(id))->HandleDrop(10, 10);
-        choose(board()->Units()->Item(board()->Units()->Count()), QStringLiteral("DELETE"));
+        choose(lastUnit(), QStringLiteral("DELETE"));
     }
     EXPECT_EQ(gui->Popup.ShowCount, 5);
     EXPECT_EQ(mgr().Actions().Count(), 5) << "the five drops and nothing else";
