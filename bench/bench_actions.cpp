@@ -2,6 +2,7 @@
 // action manager (merged into one entry, and as separate entries), with
 // undo and redo of the whole history; and New Map on a map of 2,000 units,
 // against copying the same units' fields into plain structs in the same run.
+#include "BenchSession.h"
 #include "actions/CActionMgr.h"
 #include "actions/CActionMoveUnit.h"
 #include "actions/CActionNewMap.h"
@@ -195,21 +196,6 @@ BENCHMARK(BM_NewMapOf2000Units)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    QTemporaryDir home;
-    QTemporaryDir settings;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
-    qputenv("KORVANE_HOME", home.path().toLocal8Bit());
-
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->Constructor(nullptr);
-    root->SetContext(makeBenchContext());
-
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    ReleaseRoot();
-    return 0;
+    return RunBenchmarksWithRoot(argc, argv,
+                                 [] { return std::shared_ptr<IGameContext>(makeBenchContext()); });
 }

@@ -1,6 +1,7 @@
 // Switching between two maps of 1,000 units each: every switch writes the
 // old map's swap file and reads the new one's. The baseline, measured in the
 // same run, writes and reads the same number of bytes as one plain file.
+#include "BenchSession.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -128,21 +129,6 @@ BENCHMARK(BM_SwitchTwoMaps)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    QTemporaryDir home;
-    QTemporaryDir settings;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
-    qputenv("KORVANE_HOME", home.path().toLocal8Bit());
-
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->Constructor(nullptr);
-    root->SetContext(makeBenchContext());
-
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    ReleaseRoot();
-    return 0;
+    return RunBenchmarksWithRoot(argc, argv,
+                                 [] { return std::shared_ptr<IGameContext>(makeBenchContext()); });
 }

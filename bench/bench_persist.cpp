@@ -4,6 +4,7 @@
 //   encoded into a plain byte buffer and compressed with compress2 level 9;
 // - load: the persistence manager's load of that file, against uncompress of
 //   the same body decoded into plain structs with freshly generated ids.
+#include "BenchSession.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -516,22 +517,6 @@ BENCHMARK(BM_SaveAndLoadAgainstBaselines)->Unit(benchmark::kMillisecond)->Iterat
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    QTemporaryDir home;
-    QTemporaryDir settings;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
-    qputenv("KORVANE_HOME", home.path().toLocal8Bit());
-    qunsetenv("KORVANE_TRACE");
-
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->Constructor(nullptr);
-    root->SetContext(makeBenchContext());
-
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    ReleaseRoot();
-    return 0;
+    return RunBenchmarksWithRoot(argc, argv,
+                                 [] { return std::shared_ptr<IGameContext>(makeBenchContext()); });
 }

@@ -1,6 +1,6 @@
 #include "CGameJson.h"
 
-#include "CMapLock.h"
+#include "actions/CMapLock.h"
 
 #include "model/CArrow.h"
 #include "model/CGame.h"

@@ -1,7 +1,7 @@
 #include "CInfoCommand.h"
 
-#include "CMapLock.h"
 #include "CToolSession.h"
+#include "actions/CMapLock.h"
 
 #include "contexts/IGameContext.h"
 #include "model/CGame.h"

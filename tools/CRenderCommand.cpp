@@ -1,9 +1,9 @@
 #include "CRenderCommand.h"
 
-#include "CMapLock.h"
 #include "CTool.h"
 #include "CToolFailure.h"
 #include "CToolSession.h"
+#include "actions/CMapLock.h"
 
 #include "core/KorvaneError.h"
 #include "model/CGame.h"
