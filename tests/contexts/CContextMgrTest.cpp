@@ -1,4 +1,4 @@
-#include "ContextTestSupport.h"
+#include "support/ContextTestSupport.h"
 
 #include "contexts/CAaeGame.h"
 #include "contexts/CChessGame.h"

@@ -1,4 +1,4 @@
-#include "ContextTestSupport.h"
+#include "support/ContextTestSupport.h"
 
 #include "actions/IActionTool.h"
 #include "contexts/CImageList.h"

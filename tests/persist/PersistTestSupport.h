@@ -1,6 +1,6 @@
 #pragma once
 
-#include "contexts/ContextTestSupport.h"
+#include "support/ContextTestSupport.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/FOpenFileDlg.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "contexts/ContextTestSupport.h"
+#include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 
 #include <QJsonValue>

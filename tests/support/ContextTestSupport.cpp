@@ -1,4 +1,4 @@
-#include "ContextTestSupport.h"
+#include "support/ContextTestSupport.h"
 
 #include "contexts/CResFileWriter.h"
 #include "core/CUtility.h"
