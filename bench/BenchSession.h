@@ -11,6 +11,16 @@
 
 #include <memory>
 
+// Runs the registered benchmarks under a plain application object.
+inline int RunBenchmarks(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
+
 // Runs the registered benchmarks with a constructed root in a temporary home,
 // settings kept away from the user's, tracing off and the given context active.
 inline int RunBenchmarksWithRoot(int argc, char** argv,

@@ -5,6 +5,8 @@
 // files again, so every round starts as the program does. The two sides are
 // timed alternately within the same iterations.
 
+#include "BenchSession.h"
+#include "ThreadCpuClock.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/CResFileWriter.h"
 #include "core/CUtility.h"
@@ -32,18 +34,7 @@ namespace {
 constexpr int packCount = 50;
 constexpr int tokensPerPack = 24;
 
-// Thread CPU time: other processes on a shared machine do not count against either side.
-struct CpuClock
-{
-    using duration = std::chrono::nanoseconds;
-    using time_point = std::chrono::time_point<CpuClock, duration>;
-    static time_point now()
-    {
-        timespec t{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-        return time_point(duration(std::int64_t(t.tv_sec) * 1000000000 + t.tv_nsec));
-    }
-};
+using CpuClock = ThreadCpuClock;
 using WallClock = std::chrono::steady_clock;
 
 QByteArray smallPicture(int seed)
@@ -205,9 +196,5 @@ BENCHMARK(BM_DiscoveryVsParsing)->Unit(benchmark::kMillisecond)->MinTime(5.0);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv);
 }

@@ -5,6 +5,7 @@
 // - load: the persistence manager's load of that file, against uncompress of
 //   the same body decoded into plain structs with freshly generated ids.
 #include "BenchSession.h"
+#include "ThreadCpuClock.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -41,18 +42,7 @@ constexpr int unitsPerMap = 300;
 constexpr int arrowsPerMap = 8;
 constexpr int tokenCount = 60;
 
-// Thread CPU time: other processes on a shared machine count against neither side.
-struct Clock
-{
-    using duration = std::chrono::nanoseconds;
-    using time_point = std::chrono::time_point<Clock, duration>;
-    static time_point now()
-    {
-        timespec t{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-        return time_point(duration(std::int64_t(t.tv_sec) * 1000000000 + t.tv_nsec));
-    }
-};
+using Clock = ThreadCpuClock;
 
 double milliseconds(Clock::duration d)
 {

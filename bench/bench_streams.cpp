@@ -2,6 +2,8 @@
 // of trace guards while tracing is off. Each ratio compares two loops timed
 // alternately within the same iterations, so both see the same machine state.
 
+#include "BenchSession.h"
+#include "ThreadCpuClock.h"
 #include "core/CKorvane.h"
 #include "core/CTraceScope.h"
 #include "core/CUtility.h"
@@ -22,18 +24,7 @@
 
 namespace {
 
-// Thread CPU time: other processes on a shared machine do not count against either side.
-struct Clock
-{
-    using duration = std::chrono::nanoseconds;
-    using time_point = std::chrono::time_point<Clock, duration>;
-    static time_point now()
-    {
-        timespec t{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-        return time_point(duration(std::int64_t(t.tv_sec) * 1000000000 + t.tv_nsec));
-    }
-};
+using Clock = ThreadCpuClock;
 
 constexpr std::int32_t targetBytes = 4 * 1024 * 1024;
 
@@ -248,9 +239,5 @@ BENCHMARK(BM_TracedLookupOffVsPlain)->Unit(benchmark::kMicrosecond)->MinTime(1.0
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv);
 }
