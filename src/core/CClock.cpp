@@ -67,6 +67,8 @@ std::int64_t CClock::GetTimestamp() const
 void CClock::InvokeAfter(std::int32_t ms, std::shared_ptr<IAsyncEvent> target,
                          std::int32_t argument, const QString& text)
 {
+    if (!target)
+        return;
     auto event = std::make_shared<CClockEvent>();
     event->Due = GetTimestamp() + std::int64_t(ms) * (TicksPerSecond / 1000);
     event->Target = std::move(target);

@@ -30,7 +30,7 @@ public:
     CClock& operator=(const CClock&) = delete;
 
     // Calls target->Invoke(argument, text) from a later tick, at the earliest
-    // after ms milliseconds; never from inside this call.
+    // after ms milliseconds; never from inside this call. A null target is ignored.
     void InvokeAfter(std::int32_t ms, std::shared_ptr<IAsyncEvent> target,
                      std::int32_t argument = 0, const QString& text = QString());
     // Ten-thousandths of a second; only differences carry meaning.
