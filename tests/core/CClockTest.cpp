@@ -159,28 +159,20 @@ TEST_F(Clock, TerminatorTearsGameDownInSlicesBetweenEvents)
 TEST(WinApi, DigitKeysAndScrollingReachTheirTargets)
 {
     CWinApi api;
-    const struct
-    {
-        std::vector<std::pair<int, bool>> held;
-        std::int32_t pressed;
-    } cases[] = {
-        {{}, 0},
-        {{{Qt::Key_A, false}}, 0},
-        {{{Qt::Key_5, false}, {Qt::Key_3, true}}, 3},
-        {{{Qt::Key_9, false}, {Qt::Key_0, true}}, 9},
-        {{{Qt::Key_0, false}}, 10},
-        {{{Qt::Key_0, true}}, 10},
-    };
-    for (const auto& c : cases) {
+    const auto pressed = [&api](std::initializer_list<std::pair<int, bool>> keys) {
         api.ReleaseAllKeys();
-        for (const auto& [key, pad] : c.held)
-            api.KeyDown(key, pad);
-        EXPECT_EQ(api.GetPressedNumeric(), c.pressed) << c.held.size() << " keys";
-    }
+        for (const auto& [key, keypad] : keys)
+            api.KeyDown(key, keypad);
+        return api.GetPressedNumeric();
+    };
+    EXPECT_EQ(pressed({}), 0);
+    EXPECT_EQ(pressed({{Qt::Key_A, false}}), 0);
+    EXPECT_EQ(pressed({{Qt::Key_5, false}, {Qt::Key_3, true}}), 3);
+    EXPECT_EQ(pressed({{Qt::Key_9, false}, {Qt::Key_0, true}}), 9);
+    EXPECT_EQ(pressed({{Qt::Key_0, false}}), 10);
+    EXPECT_EQ(pressed({{Qt::Key_0, true}}), 10);
     // Releasing the pad key leaves the row key of the same digit held.
-    api.ReleaseAllKeys();
-    api.KeyDown(Qt::Key_4, true);
-    api.KeyDown(Qt::Key_4, false);
+    pressed({{Qt::Key_4, true}, {Qt::Key_4, false}});
     api.KeyUp(Qt::Key_4, true);
     EXPECT_EQ(api.GetPressedNumeric(), 4);
     api.KeyUp(Qt::Key_4, false);
