@@ -28,10 +28,9 @@ bool deflateBytes(const QByteArray& data, QByteArray& packed, int level)
         return false;
     uLongf length = compressBound(static_cast<uLong>(data.size()));
     packed.resize(static_cast<qsizetype>(length));
-    const int result =
-        compress2(reinterpret_cast<Bytef*>(packed.data()), &length,
-                  reinterpret_cast<const Bytef*>(data.constData()), static_cast<uLong>(data.size()),
-                  level);
+    const int result = compress2(reinterpret_cast<Bytef*>(packed.data()), &length,
+                                 reinterpret_cast<const Bytef*>(data.constData()),
+                                 static_cast<uLong>(data.size()), level);
     if (result != Z_OK)
         return false;
     packed.resize(static_cast<qsizetype>(length));
@@ -53,8 +52,8 @@ void CResFileWriter::AddEntry(const QString& name, const QByteArray& data)
         raise("AddEntry",
               QStringLiteral("A pack cannot hold an entry named '") + name + QLatin1Char('\''));
     if (m_names.contains(name.toLower()))
-        raise("AddEntry", QStringLiteral("The pack already holds an entry named '") + name +
-                              QLatin1Char('\''));
+        raise("AddEntry",
+              QStringLiteral("The pack already holds an entry named '") + name + QLatin1Char('\''));
     if (data.size() > CResFileMgr::MaxEntryLength)
         raise("AddEntry", QStringLiteral("Entry '") + name + QStringLiteral("' is too large"));
 

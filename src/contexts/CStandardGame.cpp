@@ -186,10 +186,9 @@ void CStandardGame::Activate(IProgressMonitor* progress)
             unpacked = true;
             return m_definition->LoadBody(path);
         }))
-        fail("Activate",
-             QStringLiteral("The module ") + quoted(Caption()) +
-                 QStringLiteral(" cannot be loaded: ") +
-                 (unpacked ? m_definition->LastError() : m_resFile->LastError()));
+        fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
+                             QStringLiteral(" cannot be loaded: ") +
+                             (unpacked ? m_definition->LastError() : m_resFile->LastError()));
     if (m_definition->TokenCount() > std::numeric_limits<std::int16_t>::max())
         fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
                              QStringLiteral(" has more tokens than a game can keep"));

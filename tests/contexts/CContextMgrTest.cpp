@@ -137,7 +137,8 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
             "https://example.org/pass|header cached",
         "4|Aardvark|Aardvark|udm_aardvark_v1|udm_aardvark_v1|" + user +
             "https://example.org/aardvark|header cached",
-        "5|Zz Mine|Zz Mine|udm_mine_v1|udm_mine_v1|" + user + "https://example.org/mine|header cached",
+        "5|Zz Mine|Zz Mine|udm_mine_v1|udm_mine_v1|" + user +
+            "https://example.org/mine|header cached",
     };
     for (std::int32_t i = 1; i <= manager.ContextCount(); ++i) {
         EXPECT_EQ(describe(manager, i), expected.value(i - 1));
@@ -151,12 +152,12 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
 
     // Progress: the search, then each module in listing order, between the
     // root's own first and last lines.
-    EXPECT_EQ(progress.Texts,
-              (QStringList{"Initializing...", "Searching for Games...",
-                           "Module 'Mountain Pass' was loaded...",
-                           "Module 'beta Front' was loaded...", "Module 'Alpha Wars' was loaded...",
-                           "Module 'Aardvark' was loaded...", "Module 'Zz Mine' was loaded...",
-                           "Finished...", ""}));
+    EXPECT_EQ(
+        progress.Texts,
+        (QStringList{"Initializing...", "Searching for Games...",
+                     "Module 'Mountain Pass' was loaded...", "Module 'beta Front' was loaded...",
+                     "Module 'Alpha Wars' was loaded...", "Module 'Aardvark' was loaded...",
+                     "Module 'Zz Mine' was loaded...", "Finished...", ""}));
     ASSERT_EQ(progress.Seconds.size(), 9);
     EXPECT_FLOAT_EQ(progress.Seconds[1], 0.2f);
     EXPECT_FLOAT_EQ(progress.Seconds[2], 0.1f);
@@ -265,10 +266,9 @@ TEST_F(ContextMgrTest, UnusablePacksAreSkippedSilently)
     noDefinition.WithDefinition = false;
     module(QStringLiteral("nodef.krm"), noDefinition);
     CResFileWriter newer;
-    newer.AddEntry(QStringLiteral("module.def"), titled("newer", "Newer")
-                                                     .Definition()
-                                                     .replace(QStringLiteral(">1.0<"), ">99.0<")
-                                                     .toUtf8());
+    newer.AddEntry(
+        QStringLiteral("module.def"),
+        titled("newer", "Newer").Definition().replace(QStringLiteral(">1.0<"), ">99.0<").toUtf8());
     newer.Write(home.File(QStringLiteral("modules/newer.krm")));
     CResFileWriter broken;
     broken.AddEntry(QStringLiteral("module.def"), "<module_def format_version=\"1\"><game_info>");

@@ -114,7 +114,12 @@ TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
         QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
     const QString valid = QString::fromUtf8(validDefinition);
     // Refused by the header (naming the line of the edit, or not), or only by the body.
-    enum Stage { Header, HeaderAtLine, Body };
+    enum Stage
+    {
+        Header,
+        HeaderAtLine,
+        Body
+    };
     // Each case is an edit of the valid document.
     const struct
     {
@@ -137,7 +142,8 @@ TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
          "format_version"},
         {"own DOCTYPE", prolog, prolog + "<!DOCTYPE module_def [<!ELEMENT module_def ANY>]>\n",
          "DOCTYPE"},
-        {"external entity", prolog + "<module_def format_version=\"1\">\n  <game_info><title>Test Skirmish",
+        {"external entity",
+         prolog + "<module_def format_version=\"1\">\n  <game_info><title>Test Skirmish",
          prolog + "<!DOCTYPE module_def [<!ENTITY secret SYSTEM \"file:///etc/passwd\">]>\n"
                   "<module_def format_version=\"1\">\n  <game_info><title>&secret;",
          "DOCTYPE"},
@@ -151,8 +157,8 @@ TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
         {"picture size", ">48<", ">50000<", "50000", Body},
         {"region", "<click_region_x>2<", "<click_region_x>two<", "two", Body},
         {"region below -1", "<click_region_y>3<", "<click_region_y>-2<", "-2", Body},
-        {"duplicate token id", "token_id=\"turn\" token_type", "token_id=\"inf\" token_type",
-         "inf", Body},
+        {"duplicate token id", "token_id=\"turn\" token_type", "token_id=\"inf\" token_type", "inf",
+         Body},
     };
     for (const auto& c : cases) {
         const QString document = changed(c.from, c.to);

@@ -271,9 +271,9 @@ TEST_F(ResFileTest, OddEntriesAreIgnoredAloneAndPaddedPacksStillRead)
 {
     // Data 48 bytes after the directory, as older writers padded it.
     const QByteArray payload = QByteArray("good") + QByteArray("BAD!") + QByteArray("dupe");
-    const std::vector<RawEntry> entries{
-        {"notes..txt", 0, 4, 4}, {"img\\x.bmp", 0, 4, 4}, {"Good.png", 0, 4, 4},
-        {"", 4, 4, 4},           {"GOOD.PNG", 8, 4, 4},   {"sub/dir.png", 4, 4, 4}};
+    const std::vector<RawEntry> entries{{"notes..txt", 0, 4, 4}, {"img\\x.bmp", 0, 4, 4},
+                                        {"Good.png", 0, 4, 4},   {"", 4, 4, 4},
+                                        {"GOOD.PNG", 8, 4, 4},   {"sub/dir.png", 4, 4, 4}};
     const std::int32_t dataStart = directoryEnd(rawPack(6, entries, payload)) + 48;
     std::vector<RawEntry> placed = entries;
     for (RawEntry& entry : placed)

@@ -148,10 +148,11 @@ TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardFromTheDefinition)
     EXPECT_EQ(shape(context->UnitImgLst()), "36x36 5 ff00ff");
     QStringList pictures;
     for (const auto& list : {context->PalletImgLst(), context->DragImgLst(), context->UnitImgLst()})
-        pictures << entryIn(list, "inf") + ' ' + entryIn(list, "move") + ' ' + entryIn(list, "turn");
-    EXPECT_EQ(pictures, (QStringList{"shared.png move_p.png shared.png",
-                                     "shared.png move_d.png turn.png",
-                                     "shared.png move_u.png turn.png"}));
+        pictures << entryIn(list, "inf") + ' ' + entryIn(list, "move") + ' ' +
+                        entryIn(list, "turn");
+    EXPECT_EQ(pictures,
+              (QStringList{"shared.png move_p.png shared.png", "shared.png move_d.png turn.png",
+                           "shared.png move_u.png turn.png"}));
 
     // A picture named by several lists and tokens, in any case, is unpacked once.
     const QString trace = Root().Trace().TraceFile();
@@ -271,7 +272,8 @@ TEST_F(StandardGameTest, DefaultGamesAreAStartMapOrTheInitialFileWithAFreshId)
     authored.MapGroups().AddItem(authoredGroup);
     authored.SwitchTo(authoredGroup);
     auto unit = std::make_shared<CUnit>(
-        CUtility::GenerateId(), CStandardGame::CreateToken(record, 1, QStringLiteral("Units"), 32, 32));
+        CUtility::GenerateId(),
+        CStandardGame::CreateToken(record, 1, QStringLiteral("Units"), 32, 32));
     unit->SetX(40);
     unit->SetCaption(QStringLiteral("x4"));
     authoredMap->Units()->AddItem(unit);
@@ -317,8 +319,7 @@ TEST_F(StandardGameTest, CustomToolsFollowTheTokenKindsOfTheModule)
     int file = 0;
     for (const auto& [module, tools] : cases) {
         // User modules activate like any module.
-        const auto context =
-            open<CUserDefinedGame>(module, QStringLiteral("m%1.udm").arg(++file));
+        const auto context = open<CUserDefinedGame>(module, QStringLiteral("m%1.udm").arg(++file));
         // Activating again does not offer the tools twice.
         for (int pass = 0; pass < 2; ++pass) {
             context->Deactivate();

@@ -145,9 +145,9 @@ TEST_F(ShippedModulesTest, ChessOpeningDrawsEveryPieceInsideItsOwnSquare)
         const std::string id = piece->Token()->Id().toStdString();
         ASSERT_FALSE(changed.isEmpty()) << id;
         const QRect square(changed.left() / 50 * 50, changed.top() / 50 * 50, 50, 50);
-        EXPECT_TRUE(square.contains(changed)) << id << " straddles squares: " << changed.x()
-                                              << "," << changed.y() << " " << changed.width()
-                                              << "x" << changed.height();
+        EXPECT_TRUE(square.contains(changed))
+            << id << " straddles squares: " << changed.x() << "," << changed.y() << " "
+            << changed.width() << "x" << changed.height();
         const int index = square.top() / 50 * 8 + square.left() / 50;
         squares.insert(index);
         const QChar expected = board.at(index);

@@ -64,7 +64,8 @@ TEST_F(BoardRendererTest, PicturesSitAtTheUnitsPositionWithTheLabelCentredUnderT
 {
     const auto first = AddUnit(*map, QStringLiteral("inf"), 30, 40, QStringLiteral("x12"));
     AddUnit(*map, QStringLiteral("tank"), 50, 20);
-    const auto moved = AddUnit(*map, "inf", 200, 100, QStringLiteral("x5"), QStringLiteral("5"), true);
+    const auto moved =
+        AddUnit(*map, "inf", 200, 100, QStringLiteral("x5"), QStringLiteral("5"), true);
     const auto arrowUnit = AddUnit(*map, QStringLiteral("move"), 150, 20);
     const CBoardRenderer renderer(context);
     EXPECT_EQ(renderer.BoardSize(), QSize(300, 200));

@@ -150,8 +150,8 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
 
     // Odd entries are ignored one by one, each named; the module still checks.
     problems = problemsOf(QStringLiteral("odd.krm"),
-                          AppendRawEntries(WarModule().Pack(), {{"notes..txt", "n"},
-                                                                {"Board.PNG", "not the board"}}));
+                          AppendRawEntries(WarModule().Pack(),
+                                           {{"notes..txt", "n"}, {"Board.PNG", "not the board"}}));
     EXPECT_EQ(problems, (QStringList{"notes..txt: ignored: a name a pack may not hold",
                                      "board.png: ignored: a second entry of that name (the "
                                      "first is used)"}));

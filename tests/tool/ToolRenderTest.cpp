@@ -70,7 +70,8 @@ TEST_F(ToolRender, GroupMapAndScaleChooseWhatIsDrawnAndHowLarge)
     EXPECT_TRUE(near(image.pixelColor(98, 58), board));
     bool arrow = false;
     for (int y = 72; y <= 78; ++y)
-        arrow = arrow || (image.pixelColor(85, y).red() > 200 && image.pixelColor(85, y).green() < 80);
+        arrow =
+            arrow || (image.pixelColor(85, y).red() > 200 && image.pixelColor(85, y).green() < 80);
     EXPECT_TRUE(arrow);
 
     for (const QStringList& missing :

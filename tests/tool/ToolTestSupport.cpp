@@ -45,7 +45,8 @@ ToolRun FinishTool(QProcess& process)
     if (!process.waitForFinished(120000)) {
         process.kill();
         process.waitForFinished();
-        ADD_FAILURE() << "korvane-tool did not finish: " << process.arguments().join(' ').toStdString();
+        ADD_FAILURE() << "korvane-tool did not finish: "
+                      << process.arguments().join(' ').toStdString();
     }
     run.Out = QString::fromUtf8(process.readAllStandardOutput());
     run.Err = QString::fromUtf8(process.readAllStandardError());
