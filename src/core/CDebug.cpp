@@ -4,7 +4,8 @@
 
 CDebug::CDebug(QString traceFile) : m_traceFile(std::move(traceFile))
 {
-    QFile::remove(m_traceFile);
+    if (!s_keepEarlierTrace)
+        QFile::remove(m_traceFile);
 }
 
 CDebug::~CDebug()
