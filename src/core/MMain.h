@@ -3,6 +3,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class IGameContext;
+
 // Start-up helpers shared by the program and the tests.
 namespace MMain {
 
@@ -13,6 +17,12 @@ QString JoinArguments(const QStringList& arguments);
 // The path of an existing file named by the command line, or "". Only the
 // first argument counts; lines under 5 characters are ignored.
 QString ExtractFileArgument(const QString& commandLine);
+
+// Makes context the active one. Another active context is removed first and
+// the change announced; the same context stays as it is. False when the new
+// context cannot be activated: no context is active then, and the user has
+// been told why.
+bool ActivateContext(const std::shared_ptr<IGameContext>& context);
 
 // Opens the game file named on the command line, if any: activates the
 // context that wrote it (announcing the change) and makes it the current game.
