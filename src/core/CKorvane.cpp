@@ -6,9 +6,11 @@
 #include "core/CConfiguration.h"
 #include "core/CControlHost.h"
 #include "core/CDebug.h"
+#include "core/CDragDropMgr.h"
 #include "core/CGui.h"
 #include "core/CTraceScope.h"
 #include "core/CUtility.h"
+#include "core/CWinApi.h"
 #include "core/IProgressMonitor.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
@@ -101,6 +103,7 @@ void CKorvane::Constructor(IProgressMonitor* progress)
     m_zlib = std::make_unique<CZlib>();
     m_imageListMgr = std::make_unique<CImageListMgr>();
     m_contextMgr = std::make_unique<CContextMgr>();
+    m_dragDropMgr = std::make_unique<CDragDropMgr>();
     m_actionMgr = std::make_unique<CActionMgr>();
     m_eventMgr = std::make_unique<CGameEventMgr>();
 
@@ -147,6 +150,7 @@ void CKorvane::Dispose()
     m_gui.reset();
     m_eventMgr.reset();
     m_actionMgr.reset();
+    m_dragDropMgr.reset();
     m_contextMgr.reset();
     m_imageListMgr.reset();
     m_zlib.reset();
@@ -159,4 +163,10 @@ void CKorvane::Dispose()
     // held elsewhere when the program ends.
     CMap::RemoveLeftoverSwapFiles();
     m_disposed = true;
+}
+
+CWinApi& CKorvane::WinApi() const
+{
+    static CWinApi api;
+    return api;
 }

@@ -13,6 +13,8 @@ class CConfiguration;
 class CContextMgr;
 class CControlHost;
 class CDebug;
+class CWinApi;
+class CDragDropMgr;
 class CGame;
 class CImageListMgr;
 class CGameEventMgr;
@@ -57,6 +59,8 @@ public:
     CZlib& Zlib() const { return *m_zlib; }
     CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
     CContextMgr& ContextMgr() const { return *m_contextMgr; }
+    CDragDropMgr& DragDropMgr() const { return *m_dragDropMgr; }
+    CWinApi& WinApi() const;
     CActionMgr& ActionMgr() const { return *m_actionMgr; }
     CGameEventMgr& EventMgr() const { return *m_eventMgr; }
     // Null when the program runs without windows.
@@ -82,6 +86,7 @@ private:
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CImageListMgr> m_imageListMgr;
     std::unique_ptr<CContextMgr> m_contextMgr;
+    std::unique_ptr<CDragDropMgr> m_dragDropMgr;
     std::unique_ptr<CActionMgr> m_actionMgr;
     std::unique_ptr<CGameEventMgr> m_eventMgr;
     GuiFactory m_guiFactory;

@@ -67,7 +67,7 @@ private:
 
 namespace MMain {
 
-bool ActivateContext(const std::shared_ptr<IGameContext>& context)
+bool SwitchContext(const std::shared_ptr<IGameContext>& context)
 {
     CKorvane& root = Root();
     if (root.Context() && root.Context()->Id() != context->Id()) {
@@ -151,7 +151,7 @@ void HandleCommandLine(const QString& commandLine)
     const std::int32_t position = root.ContextMgr().PosOfContext(contextId);
     if (position == 0)
         return;
-    if (!ActivateContext(root.ContextMgr().Context(position)))
+    if (!SwitchContext(root.ContextMgr().Context(position)))
         return;
     if (root.PersistMgr().LoadGameFromFile(path))
         root.EventMgr().NotifyOfNewGame(nullptr);

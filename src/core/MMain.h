@@ -18,16 +18,16 @@ QString JoinArguments(const QStringList& arguments);
 // first argument counts; lines under 5 characters are ignored.
 QString ExtractFileArgument(const QString& commandLine);
 
-// Makes context the active one. Another active context is removed first and
-// the change announced; the same context stays as it is. False when the new
-// context cannot be activated: no context is active then, and the user has
-// been told why.
-bool ActivateContext(const std::shared_ptr<IGameContext>& context);
-
 // Opens the game file named on the command line, if any: activates the
 // context that wrote it (announcing the change) and makes it the current game.
 // A file of a module that is not installed is ignored silently.
 void HandleCommandLine(const QString& commandLine);
+
+// Makes context the active one: another active context is removed first and
+// the change announced; the active context itself stays as it is. False when
+// the new context cannot be activated (no context is active then, and the
+// user has been told why).
+bool SwitchContext(const std::shared_ptr<IGameContext>& context);
 
 // Disposes and releases the root.
 void ShutdownApplication();

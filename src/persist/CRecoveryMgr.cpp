@@ -230,7 +230,7 @@ bool CRecoveryMgr::restore(const QString& copy, const Info& info, FMessageBox& m
                              FMessageBox::Icon::Exclamation);
         return false;
     }
-    if (!MMain::ActivateContext(root.ContextMgr().Context(position)) ||
+    if (!MMain::SwitchContext(root.ContextMgr().Context(position)) ||
         !root.PersistMgr().LoadGameFromFile(copy))
         return false;
 

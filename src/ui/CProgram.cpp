@@ -1,0 +1,47 @@
+#include "CProgram.h"
+
+#include "core/CKorvane.h"
+#include "core/MMain.h"
+#include "ui/CWidgetGui.h"
+#include "ui/frmSplash.h"
+#include "ui/mdiMain.h"
+
+#include <QApplication>
+#include <QCursor>
+
+#include <memory>
+
+int CProgram::Run(QApplication& application)
+{
+    QApplication::setApplicationName(CKorvane::Name());
+    QApplication::setOrganizationName(CKorvane::Name());
+    QApplication::setApplicationVersion(QStringLiteral(KORVANE_VERSION_STRING));
+    // The main window's close ends the program; the shut-down below follows.
+    QApplication::setQuitOnLastWindowClosed(true);
+
+    auto splash = std::make_unique<frmSplash>();
+    QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    auto root = std::make_shared<CKorvane>();
+    mdiMain* window = nullptr;
+    root->SetGuiFactory([&window] {
+        auto gui = std::make_unique<CWidgetGui>();
+        window = gui->MainWindow();
+        return gui;
+    });
+    InstallRoot(root);
+    splash->Show();
+    root->Constructor(splash.get());
+    window->Load();
+    window->show();
+    splash->Hide();
+    splash.reset();
+    QApplication::restoreOverrideCursor();
+
+    QStringList arguments = QApplication::arguments();
+    arguments.removeFirst();
+    MMain::HandleCommandLine(MMain::JoinArguments(arguments));
+
+    const int status = application.exec();
+    MMain::ShutdownApplication();
+    return status;
+}
