@@ -67,11 +67,9 @@ QString CRecoveryMgr::CopyPath() const
     return m_base + copySuffix;
 }
 
-void CRecoveryMgr::Start(std::shared_ptr<CGame> game)
+void CRecoveryMgr::Start()
 {
     CTraceScope scope("Start", "CRecoveryMgr");
-    removeCopy();
-    m_game = game;
     bool ok = false;
     int seconds = Root()
                       .Config()
@@ -86,7 +84,6 @@ void CRecoveryMgr::Start(std::shared_ptr<CGame> game)
 void CRecoveryMgr::Stop()
 {
     m_timer.stop();
-    m_game.reset();
     removeCopy();
 }
 
@@ -123,7 +120,7 @@ void CRecoveryMgr::removeCopy()
 bool CRecoveryMgr::WriteCopy()
 {
     CTraceScope scope("WriteCopy", "CRecoveryMgr");
-    const std::shared_ptr<CGame> game = m_game.lock();
+    const std::shared_ptr<CGame>& game = Root().Game();
     const std::shared_ptr<IGameContext>& context = Root().Context();
     if (!game || game->Dirty() == 0 || !context) {
         removeCopy();
@@ -247,7 +244,7 @@ bool CRecoveryMgr::restore(const QString& copy, const Info& info, FMessageBox& m
     game->SetDirty(1);
     root.EventMgr().NotifyOfNewGame(nullptr);
     // This process keeps the changes safe from now on.
-    Start(game);
+    Start();
     WriteCopy();
     return true;
 }

@@ -6,22 +6,21 @@
 
 #include <memory>
 
-class CGame;
 class FMessageBox;
 class QLockFile;
 
-// Autosave for crash recovery. While the watched game has unsaved changes,
-// a copy of it is written every interval (settings section "CRecoveryMgr",
-// key "AutosaveSeconds", 60 by default) into the cache's recovery folder,
-// atomically and without touching the game's own file or its Dirty counter.
+// Autosave for crash recovery. While the root's current game has unsaved
+// changes, a copy of it is written every interval (settings section
+// "CRecoveryMgr", key "AutosaveSeconds", 60 by default) into the cache's
+// recovery folder, atomically and without touching the game's own file or
+// its Dirty counter; once the game has no unsaved changes the copy goes.
 // Each process names its copy after an id of its own and holds a lock file
 // beside it for as long as the copy exists, so a Korvane never offers the
 // copy of another one that is still running. A copy whose lock is free was
 // left by a crash or a kill; OfferRecovery finds it at the next start.
 //
-// The main window calls Start when a game becomes current, GameSaved after
-// a save, Stop when a game is closed or its changes discarded, Exit when the
-// program ends normally, and OfferRecovery once at start.
+// The program calls OfferRecovery and Start once at start, GameSaved after
+// a save or when changes are discarded, and Exit when it ends normally.
 class CRecoveryMgr
 {
 public:
@@ -35,12 +34,13 @@ public:
     CRecoveryMgr(const CRecoveryMgr&) = delete;
     CRecoveryMgr& operator=(const CRecoveryMgr&) = delete;
 
-    // Watches game from now on, with the interval read from the settings.
-    // A copy of a game watched before is removed.
-    void Start(std::shared_ptr<CGame> game);
+    // Watches the root's current game from now on, whichever it is, with
+    // the interval read from the settings.
+    void Start();
     // Stops watching and removes the copy.
     void Stop();
-    // The game's file now holds every change: the copy goes.
+    // The game's file holds every change, or the changes were discarded:
+    // the copy goes.
     void GameSaved();
     // The program ends normally: nothing of this process stays behind.
     void Exit();
@@ -75,7 +75,6 @@ private:
     static Info readInfo(const QString& base);
 
     QString m_base;
-    std::weak_ptr<CGame> m_game;
     std::unique_ptr<QLockFile> m_lock;
     QTimer m_timer;
 };

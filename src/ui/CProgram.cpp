@@ -1,7 +1,10 @@
 #include "CProgram.h"
 
+#include "core/CGui.h"
 #include "core/CKorvane.h"
+#include "core/FMessageBox.h"
 #include "core/MMain.h"
+#include "persist/CRecoveryMgr.h"
 #include "ui/CWidgetGui.h"
 #include "ui/frmSplash.h"
 #include "ui/mdiMain.h"
@@ -37,11 +40,19 @@ int CProgram::Run(QApplication& application)
     splash.reset();
     QApplication::restoreOverrideCursor();
 
-    QStringList arguments = QApplication::arguments();
-    arguments.removeFirst();
-    MMain::HandleCommandLine(MMain::JoinArguments(arguments));
+    // Changes left by a Korvane that crashed come first; a game restored
+    // from them is not replaced by a file named on the command line.
+    CRecoveryMgr recovery;
+    FMessageBox* messages = root->Gui() ? root->Gui()->Messages() : nullptr;
+    if (!messages || !recovery.OfferRecovery(*messages)) {
+        QStringList arguments = QApplication::arguments();
+        arguments.removeFirst();
+        MMain::HandleCommandLine(MMain::JoinArguments(arguments));
+    }
+    recovery.Start();
 
     const int status = application.exec();
+    recovery.Exit();
     MMain::ShutdownApplication();
     return status;
 }

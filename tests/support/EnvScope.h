@@ -7,7 +7,7 @@
 #include <vector>
 
 // Sets or removes environment variables for a scope; the old values come
-// back when it ends, in reverse order.
+// back when it ends.
 class EnvScope
 {
 public:
@@ -16,32 +16,19 @@ public:
     EnvScope& operator=(const EnvScope&) = delete;
     ~EnvScope()
     {
-        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it) {
-            if (it->second)
-                qputenv(it->first, *it->second);
-            else
-                qunsetenv(it->first);
-        }
+        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it)
+            it->second ? qputenv(it->first, *it->second) : qunsetenv(it->first);
     }
 
-    void Set(const char* name, const QByteArray& value)
-    {
-        save(name);
-        qputenv(name, value);
-    }
-    void Unset(const char* name)
-    {
-        save(name);
-        qunsetenv(name);
-    }
-
-private:
-    void save(const char* name)
+    // A null value removes the variable.
+    void Set(const char* name, const std::optional<QByteArray>& value)
     {
         m_saved.emplace_back(name, qEnvironmentVariableIsSet(name)
                                        ? std::optional<QByteArray>(qgetenv(name))
                                        : std::nullopt);
+        value ? qputenv(name, *value) : qunsetenv(name);
     }
 
+private:
     std::vector<std::pair<const char*, std::optional<QByteArray>>> m_saved;
 };
