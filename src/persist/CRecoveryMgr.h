@@ -50,7 +50,6 @@ public:
     bool WriteCopy();
     // This process's copy, whether written or not.
     QString CopyPath() const;
-    bool IsRunning() const { return m_timer.isActive(); }
 
     // Offers the copies left by Korvanes that no longer run, newest first:
     // "Restore unsaved changes to '<game>' from <time>?". Yes activates the

@@ -13,8 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#ifdef KORVANE_SCRIPTED
-
 namespace {
 
 // A root in this process on the home, with its one module active.
@@ -81,5 +79,3 @@ TEST(RecoveryProcess, AKilledKorvaneOffersItsChangesAtTheNextStartAndACleanExitL
     EXPECT_EQ(nameIn(home.ReadFile("turn.krf")), "Kursk, moved");
     EXPECT_EQ(recovery.entryList(QDir::Files), QStringList());
 }
-
-#endif

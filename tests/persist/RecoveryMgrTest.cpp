@@ -2,7 +2,6 @@
 
 #include "core/CUtility.h"
 #include "model/CGame.h"
-#include "persist/CGameFile.h"
 #include "persist/CPersistMgr.h"
 #include "persist/CRecoveryMgr.h"
 
@@ -47,14 +46,7 @@ TEST_F(RecoveryMgrTest, CopiesOnlyWhileChangedAndLeavesTheGameAndItsFileAlone)
     ASSERT_TRUE(recovery.WriteCopy());
     EXPECT_EQ(game->Dirty(), 2);
     EXPECT_EQ(home.ReadFile("turn.krf"), saved);
-    QFile copy(recovery.CopyPath());
-    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
-    QString error;
-    const auto copied = CGameFile::FromBytes(copy.readAll(), &error);
-    ASSERT_TRUE(copied) << error.toStdString();
-    EXPECT_EQ(copied->Name(), "Kursk, moved");
     EXPECT_EQ(recoveryFiles().size(), 3); // the copy, its info and its lock
-
     recovery.GameSaved();
     EXPECT_EQ(recoveryFiles(), QStringList());
     game->SetDirty(0);
@@ -85,8 +77,6 @@ TEST_F(RecoveryMgrTest, OffersOnlyCopiesOfKorvanesThatDiedAndRestoresThemAsUnsav
     const std::shared_ptr<CGame> restored = Root().Game();
     EXPECT_EQ(restored->Name(), "Kursk, moved");
     EXPECT_NE(restored->Dirty(), 0);
-    EXPECT_EQ(restored->Directory() + restored->File() + '.' + restored->Extension(),
-              home.File("turn.krf"));
     EXPECT_FALSE(QFile::exists(copy));
     EXPECT_TRUE(QFile::exists(next.CopyPath()));
 
