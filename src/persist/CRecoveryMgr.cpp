@@ -173,11 +173,15 @@ bool CRecoveryMgr::OfferRecovery(FMessageBox& messages)
 {
     CTraceScope scope("OfferRecovery", "CRecoveryMgr");
     const QDir folder(CUtility::GetRecoveryDir());
-    // Lock files whose Korvane died after removing its copy.
-    for (const QString& name : folder.entryList({QStringLiteral("*") + lockSuffix}, QDir::Files)) {
-        const QString base = folder.filePath(QFileInfo(name).completeBaseName());
-        if (base != m_base && !QFileInfo::exists(base + copySuffix) && lockFor(base)->tryLock(0))
-            scope.Denote(QStringLiteral("Stale lock ") + name);
+    // What Korvanes that died leave beside no copy: their lock files, and
+    // the temporary file of a copy they were writing. Taking the lock of a
+    // dead owner and letting it go removes the lock file.
+    for (const QString& name : folder.entryList(QDir::Files)) {
+        const QString base = folder.filePath(name.section(QLatin1Char('.'), 0, 0));
+        if (base == m_base || QFileInfo::exists(base + copySuffix) || !lockFor(base)->tryLock(0))
+            continue;
+        scope.Denote(QStringLiteral("Left over: ") + name);
+        QFile::remove(folder.filePath(name));
     }
 
     const QFileInfoList copies =

@@ -85,8 +85,12 @@ TEST_F(RecoveryMgrTest, OffersOnlyCopiesOfKorvanesThatDiedAndRestoresThemAsUnsav
     ASSERT_TRUE(other->WriteCopy());
     const QString otherCopy = other->CopyPath();
     other.reset();
+    // A copy a dead Korvane was writing when it died leaves no trace either.
+    const QString partial = CUtility::GetRecoveryDir() + "0A1B2C.krf.x3Fq9z";
+    home.WriteFile(QDir(home.Path()).relativeFilePath(partial), "partial");
     gui->Boxes.Answers = {FMessageBox::Answer::No};
     EXPECT_FALSE(next.OfferRecovery(gui->Boxes));
+    EXPECT_FALSE(QFile::exists(partial));
     EXPECT_EQ(gui->Boxes.Boxes.size(), 2u);
     EXPECT_FALSE(QFile::exists(otherCopy));
     EXPECT_EQ(Root().Game(), restored);
