@@ -19,6 +19,8 @@ int CProgram::Run(QApplication& application)
     QApplication::setApplicationName(CKorvane::Name());
     QApplication::setOrganizationName(CKorvane::Name());
     QApplication::setApplicationVersion(QStringLiteral(KORVANE_VERSION_STRING));
+    // Ties the windows to the installed desktop entry (its icon and name).
+    QGuiApplication::setDesktopFileName(QStringLiteral("korvane"));
     // The main window's close ends the program; the shut-down below follows.
     QApplication::setQuitOnLastWindowClosed(true);
 
