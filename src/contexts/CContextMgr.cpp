@@ -121,7 +121,9 @@ void CContextMgr::Constructor(IProgressMonitor* progress)
 
     CVector<CGameCtxInfo> modules;
     CVector<CGameCtxInfo> userModules;
-    discover(CUtility::GetModuleDir(), QStringLiteral("*.krm"), Kind::Module, modules, progress);
+    // The user's module folder comes first, so their copy of a module wins.
+    for (const QString& directory : CUtility::GetModuleDirs())
+        discover(directory, QStringLiteral("*.krm"), Kind::Module, modules, progress);
     discover(CUtility::GetUserModuleDir(), QStringLiteral("*.udm"), Kind::UserModule, userModules,
              progress);
     CUtility::SortByName(modules);

@@ -1,6 +1,8 @@
 #include "CDebug.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 CDebug::CDebug(QString traceFile) : m_traceFile(std::move(traceFile))
 {
@@ -20,6 +22,9 @@ void CDebug::SetEnabled(bool enabled)
         return;
     m_enabled = enabled;
     s_enabledCount += enabled ? 1 : -1;
+    // An installed program keeps its trace in a folder that may not exist yet.
+    if (enabled)
+        QDir().mkpath(QFileInfo(m_traceFile).absolutePath());
     writeLine(enabled ? QStringLiteral("[Debug Enabled]") : QStringLiteral("[Debug Disabled]"));
 }
 

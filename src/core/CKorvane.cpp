@@ -96,7 +96,7 @@ void CKorvane::Constructor(IProgressMonitor* progress)
 
     m_controls = std::make_unique<CControlHost>();
     m_utility = std::make_unique<CUtility>();
-    m_trace = std::make_unique<CDebug>(CUtility::GetAppPath() + QStringLiteral("debug.txt"));
+    m_trace = std::make_unique<CDebug>(CUtility::GetTraceFile());
     if (qEnvironmentVariable("KORVANE_TRACE") == QLatin1String("1"))
         m_trace->SetEnabled(true);
     m_persistMgr = std::make_unique<CPersistMgr>();
