@@ -17,6 +17,7 @@ frmEditNumUnit::frmEditNumUnit(QWidget* parent)
     m_cboNewValue->setObjectName(QStringLiteral("cboNewValue"));
     // Long lists scroll instead of covering the screen.
     m_cboNewValue->setMaxVisibleItems(15);
+    m_cboNewValue->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
     auto* label = new QLabel(QStringLiteral("&New value:"), this);
     label->setBuddy(m_cboNewValue);
     auto* form = new QFormLayout;

@@ -32,7 +32,9 @@ frmEditTextUnit::frmEditTextUnit(QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form, 1);
-    layout->addWidget(new UDialogButtons(this));
+    auto* buttons = new UDialogButtons(this);
+    buttons->AcceptOnEnter(m_txtExtended);
+    layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetMinimumSize);
 }
 

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -33,6 +34,11 @@ void frmFullScreen::Display(const QImage& snapshot)
     m_picSnapshot->setPixmap(pixmap);
     // The label is never smaller than the picture, so a larger board scrolls.
     m_picSnapshot->setMinimumSize(pixmap.deviceIndependentSize().toSize());
+    // The whole screen the main window is on, also where no window manager
+    // honours the full-screen state.
+    const QScreen* screen = parentWidget() ? parentWidget()->screen() : this->screen();
+    if (screen)
+        setGeometry(screen->geometry());
     setWindowState(windowState() | Qt::WindowFullScreen);
     m_scroll->setFocus(Qt::OtherFocusReason);
     exec();

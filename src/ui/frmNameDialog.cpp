@@ -30,6 +30,7 @@ frmNameDialog::frmNameDialog(const QString& objectName, const QString& title, QW
     m_form->addRow(remarksLabel, m_txtRemarks);
 
     auto* buttons = new UDialogButtons(this);
+    buttons->AcceptOnEnter(m_txtRemarks);
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(m_form, 1);

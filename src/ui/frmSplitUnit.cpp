@@ -19,6 +19,7 @@ frmSplitUnit::frmSplitUnit(QWidget* parent)
     setWindowTitle(QStringLiteral("Split Stack"));
     m_cboSplitAmt->setObjectName(QStringLiteral("cboSplitAmt"));
     m_cboSplitAmt->setMaxVisibleItems(15);
+    m_cboSplitAmt->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
     m_txtOldValue->setObjectName(QStringLiteral("txtOldValue"));
     m_txtOldValue->setReadOnly(true);
     m_txtOldValue->setFocusPolicy(Qt::NoFocus);
