@@ -26,6 +26,6 @@ public:
     // user and puts the focus back on the field.
     static bool Accept(QLineEdit* field, bool checkMaps,
                        const std::shared_ptr<CMap>& self = nullptr);
-    // Shows a refusal through the program's message boxes.
+    // Shows a message in an exclamation box titled with the program's name.
     static void Tell(const QString& text);
 };

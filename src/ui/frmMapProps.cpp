@@ -12,6 +12,8 @@ frmMapProps::frmMapProps(QWidget* parent)
 {
     m_chkProtected->setObjectName(QStringLiteral("chkProtected"));
     Form()->addRow(QString(), m_chkProtected);
+    // Tab goes from the remarks to the check box, then to the buttons.
+    setTabOrder(findChild<QWidget*>(QStringLiteral("txtRemarks")), m_chkProtected);
 }
 
 bool frmMapProps::Display(const std::shared_ptr<CMap>& map)

@@ -55,9 +55,13 @@ frmMapText::~frmMapText()
 
 void frmMapText::Show()
 {
-    if (!m_restored)
-        restoreGeometry();
+    const bool first = !m_restored;
+    if (first)
+        restoreGeometry(true);
     show();
+    // A docked window's size is set once it is part of the window's layout.
+    if (first)
+        restoreGeometry(false);
     raise();
     if (isFloating())
         activateWindow();
@@ -167,7 +171,7 @@ void frmMapText::hideEvent(QHideEvent* event)
     QDockWidget::hideEvent(event);
 }
 
-void frmMapText::restoreGeometry()
+void frmMapText::restoreGeometry(bool floating)
 {
     m_restored = true;
     const int left = setting(QStringLiteral("Left"));
@@ -177,6 +181,8 @@ void frmMapText::restoreGeometry()
     if (width < 80 || height < 60)
         return;
     if (setting(QStringLiteral("Floating")) == 1) {
+        if (!floating)
+            return;
         setFloating(true);
         QRect saved(left, top, width, height);
         // A window saved on a screen that is gone comes back onto this one.
@@ -186,6 +192,8 @@ void frmMapText::restoreGeometry()
         setGeometry(saved);
         return;
     }
+    if (floating)
+        return;
     if (auto* main = qobject_cast<QMainWindow*>(m_mainWindow.data())) {
         const Qt::DockWidgetArea area = main->dockWidgetArea(this);
         const bool across = area == Qt::TopDockWidgetArea || area == Qt::BottomDockWidgetArea;

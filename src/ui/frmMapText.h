@@ -58,7 +58,9 @@ protected:
 private:
     // Shows the active map's text and protection.
     void load();
-    void restoreGeometry();
+    // The saved place of a floating window (before it shows) or the saved
+    // size of a docked one (after it shows).
+    void restoreGeometry(bool floating);
     void saveGeometry() const;
     bool outsideTheBox(QObject* receiver) const;
 

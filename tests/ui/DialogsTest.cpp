@@ -1,23 +1,89 @@
+#include "support/ContextTestSupport.h"
+#include "support/GameFixture.h"
 #include "ui/CNameCheck.h"
-#include "ui/DialogTestSupport.h"
+#include "ui/frmEditNumUnit.h"
+#include "ui/frmEditTextUnit.h"
 #include "ui/frmGameProps.h"
 #include "ui/frmMapProps.h"
 #include "ui/frmNewMap.h"
 #include "ui/frmProgress.h"
+#include "ui/frmSplitUnit.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
 
 namespace {
 
-class Dialogs : public DialogFixture
+// The real unit dialogs behind a scripted GUI whose message boxes are recorded.
+class DialogGui : public ScriptedGui
+{
+public:
+    ScriptedMessages Boxes;
+    frmEditNumUnit EditNum;
+    frmEditTextUnit EditText;
+    frmSplitUnit Split;
+
+    FMessageBox* Messages() override { return &Boxes; }
+    FEditUnitNumDlg* EditUnitNumDlg() override { return &EditNum; }
+    FEditUnitTextDlg* EditUnitTextDlg() override { return &EditText; }
+    FSplitUnitDlg* SplitUnitDlg() override { return &Split; }
+};
+
+// The game fixture with DialogGui as the root's GUI.
+class Dialogs : public GameFixture
 {
 protected:
+    using Step = std::function<void(QDialog&)>;
+
+    std::unique_ptr<CGui> MakeGui() override
+    {
+        auto made = std::make_unique<DialogGui>();
+        dialogs = made.get();
+        gui = made.get();
+        return made;
+    }
+
+    // Runs each step on the modal dialog about to open, one event-loop turn
+    // apart, as a user would act; a dialog still open after the last step is
+    // cancelled. Call it just before the call that opens the dialog.
+    static void drive(std::vector<Step> steps)
+    {
+        next(std::make_shared<std::vector<Step>>(std::move(steps)), 0);
+    }
+
+    DialogGui* dialogs = nullptr;
+
+    // Each chain of steps keeps to the dialog it started on: once that one
+    // has closed, a later dialog is left alone.
+    static void next(std::shared_ptr<std::vector<Step>> steps, std::size_t i,
+                     QPointer<QDialog> driven = nullptr)
+    {
+        QTimer::singleShot(0, [steps, i, driven] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog || (i > 0 && dialog != driven))
+                return;
+            if (i == steps->size()) {
+                dialog->reject();
+                return;
+            }
+            (*steps)[i](*dialog);
+            if (dialog->isVisible())
+                next(steps, i + 1, dialog);
+        });
+    }
+
     // Types into a field of the open dialog.
     static Step type(const char* field, const QString& text)
     {
@@ -29,23 +95,23 @@ protected:
                 box->setPlainText(text);
         };
     }
-    // Clicks OK with the focus away from the name, then notes the message
-    // shown (or "closed"), whether the dialog is still open and where the
-    // focus went.
+    // Clicks OK as a user would, then notes the message shown ("open" when
+    // none, "closed" once the dialog has closed) and, while open, the focus.
     Step pressOk(QStringList& seen) const
     {
         return [this, &seen](QDialog& d) {
-            d.findChild<QPlainTextEdit*>(QStringLiteral("txtRemarks"))->setFocus();
+            auto* ok = d.findChild<QPushButton*>(QStringLiteral("cmdOk"));
+            ok->setFocus();
             const std::size_t before = dialogs->Boxes.Boxes.size();
-            d.findChild<QPushButton*>(QStringLiteral("cmdOk"))->click();
-            QString line = QStringLiteral("closed");
+            ok->click();
+            QString line = d.isVisible() ? QStringLiteral("open") : QStringLiteral("closed");
             if (dialogs->Boxes.Boxes.size() > before) {
                 const auto& box = dialogs->Boxes.Boxes.back();
-                line = box.Title + QLatin1Char('|') + box.Text +
+                line = box.Title + '|' + box.Text +
                        (box.Kind == FMessageBox::Icon::Exclamation ? "|!" : "|?");
             }
-            if (d.isVisible() && d.focusWidget() && !d.focusWidget()->objectName().isEmpty())
-                line += QLatin1Char('|') + d.focusWidget()->objectName();
+            if (d.isVisible())
+                line += '|' + d.focusWidget()->objectName();
             seen << line;
         };
     }
@@ -88,11 +154,13 @@ TEST_F(Dialogs, nameDialogsRefuseBadNamesAndStayOpenWithTheFocusOnTheName)
               (QStringList{"Korvane|A Map named 'Turn 1' already exists.|!|txtName", "closed"}));
     EXPECT_TRUE(mapProps.Protected());
 
-    // A game may share a map's name, but not be blank; Enter is OK.
+    // A game may share a map's name, but not be blank; Enter, even in the remarks, is OK.
     frmGameProps gameProps;
     seen.clear();
-    drive({type("txtName", ""), pressOk(seen), type("txtName", "Turn 1"),
-           [](QDialog& d) { QTest::keyClick(d.focusWidget(), Qt::Key_Return); }});
+    drive({type("txtName", ""), pressOk(seen), type("txtName", "Turn 1"), [](QDialog& d) {
+               QTest::keyClick(d.findChild<QPlainTextEdit*>(QStringLiteral("txtRemarks")),
+                               Qt::Key_Return);
+           }});
     EXPECT_TRUE(gameProps.Display(QStringLiteral("Old"), QString()));
     EXPECT_EQ(seen, QStringList{"Korvane|Name cannot be blank.|!|txtName"});
     EXPECT_EQ(gameProps.Name(), "Turn 1");
@@ -137,45 +205,35 @@ TEST_F(Dialogs, unitDialogsOfferTheirBoundsAndReachTheUnitThroughItsMenu)
 
     // A stack of one offers nothing to split, and OK cannot close the dialog.
     const std::shared_ptr<CUnit> single = put(QStringLiteral("INF"), 9, 9, QStringLiteral("1"));
-    bool okEnabled = true;
     int amounts = -1;
-    drive({[&](QDialog& d) {
-        amounts = d.findChild<QComboBox*>(QStringLiteral("cboSplitAmt"))->count();
-        okEnabled = d.findChild<QPushButton*>(QStringLiteral("cmdOk"))->isEnabled();
-        QTest::keyClick(&d, Qt::Key_Return);
-    }});
+    QStringList seen;
+    drive({[&amounts](QDialog& d) {
+               amounts = d.findChild<QComboBox*>(QStringLiteral("cboSplitAmt"))->count();
+           },
+           pressOk(seen)});
     EXPECT_FALSE(dialogs->Split.Display(single));
     EXPECT_EQ(amounts, 0);
-    EXPECT_FALSE(okEnabled);
 
     const std::shared_ptr<CUnit> note = put(QStringLiteral("NOTE"), 70, 70, QStringLiteral("old"));
-    bool stayedOpen = false;
-    drive({type("txtText", "  "),
-           [](QDialog& d) { d.findChild<QPushButton*>(QStringLiteral("cmdOk"))->click(); },
-           [&stayedOpen](QDialog& d) { stayedOpen = d.isVisible(); }, type("txtText", "Bridge out"),
-           type("txtExtended", "Blown on turn 2\nby sappers"), [](QDialog& d) { d.accept(); }});
+    drive({type("txtText", "  "), pressOk(seen), type("txtText", "Bridge out"),
+           type("txtExtended", "Blown on turn 2\nby sappers"), pressOk(seen)});
     choose(note, QStringLiteral("EDIT"));
-    EXPECT_TRUE(stayedOpen);
-    ASSERT_FALSE(dialogs->Boxes.Boxes.empty());
-    EXPECT_EQ(dialogs->Boxes.Boxes.back().Text, "Text cannot be blank.");
+    EXPECT_EQ(seen, (QStringList{"open|cboSplitAmt", "Korvane|Text cannot be blank.|!|txtText",
+                                 "closed"}));
     EXPECT_EQ(note->Caption() + '|' + note->Data(), "Bridge out|Blown on turn 2\nby sappers");
 }
 
-TEST_F(Dialogs, progressShowsAmpersandsAsTheyAreAndStartsAtPleaseWait)
+TEST_F(Dialogs, progressStartsAtPleaseWaitAndShowsAmpersandsAsTheyAre)
 {
     frmProgress progress;
     auto* status = progress.findChild<QLabel*>(QStringLiteral("lblStatus"));
+    progress.UpdateStatus(QStringLiteral("Opening..."), 0);
     progress.Load();
-    progress.Show();
     EXPECT_EQ(status->text(), "Please Wait...");
     progress.UpdateStatus(QStringLiteral("Loading 'Guns & Butter'..."), 0.2F);
     // One "&" in the text and no buddy: the label draws it, never an access key.
     EXPECT_EQ(status->text().count(QLatin1Char('&')), 1);
     EXPECT_EQ(status->buddy(), nullptr);
-    progress.Hide();
-    progress.Unload();
-    progress.Load();
-    EXPECT_EQ(status->text(), "Please Wait...");
 }
 
 } // namespace

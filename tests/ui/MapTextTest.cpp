@@ -25,8 +25,14 @@ protected:
     }
     void TearDown() override
     {
-        window.reset();
+        close();
         GameFixture::TearDown();
+    }
+    // Like quitting: the window goes, and the game stops telling it anything.
+    void close()
+    {
+        Root().EventMgr().Unregister(listener);
+        window.reset();
     }
 
     void open()
@@ -42,8 +48,8 @@ protected:
         dock = new frmMapText(window.get());
         window->addDockWidget(Qt::RightDockWidgetArea, dock);
         box = dock->findChild<QPlainTextEdit*>(QStringLiteral("txtMapText"));
-        Root().EventMgr().Register(
-            std::shared_ptr<IGameEventListener>(dock, [](IGameEventListener*) {}));
+        listener = std::shared_ptr<IGameEventListener>(dock, [](IGameEventListener*) {});
+        Root().EventMgr().Register(listener);
         tabs->Rebuild();
         window->show();
         window->activateWindow();
@@ -63,6 +69,7 @@ protected:
     }
 
     std::unique_ptr<QMainWindow> window;
+    std::shared_ptr<IGameEventListener> listener;
     UMapTabs* tabs = nullptr;
     QPushButton* elsewhere = nullptr;
     frmMapText* dock = nullptr;
@@ -134,7 +141,7 @@ TEST_F(MapText, aFloatingWindowComesBackWhereItWasAfterARestart)
     const QRect placed(140, 120, 330, 260);
     dock->setGeometry(placed);
     QTest::qWait(0);
-    window.reset();
+    close();
     EXPECT_EQ(Root().Config().GetValue(QStringLiteral("frmMapText"), QStringLiteral("Width")),
               "330");
     open();
