@@ -33,7 +33,8 @@ frmNewGame::frmNewGame(QWidget* parent) : QDialog(parent), m_lvwGameTypes(new QL
     label->setBuddy(m_lvwGameTypes);
     auto* buttons = new UDialogButtons(this);
     m_ok = buttons->Ok();
-    connect(m_lvwGameTypes, &QListWidget::itemActivated, this, &frmNewGame::accept);
+    // Enter reaches the default button; a double-click chooses at once.
+    connect(m_lvwGameTypes, &QListWidget::itemDoubleClicked, this, &frmNewGame::accept);
     connect(m_lvwGameTypes, &QListWidget::currentRowChanged, this,
             [this](int row) { m_ok->setEnabled(row >= 0); });
 

@@ -38,6 +38,9 @@ frmSplash::frmSplash()
       m_aboutPart(new QWidget(this)), m_txtLicence(new QPlainTextEdit(m_aboutPart))
 {
     setObjectName(QStringLiteral("frmSplash"));
+    // A frameless splash still needs an edge against what lies behind it.
+    setAttribute(Qt::WA_StyledBackground);
+    setStyleSheet(QStringLiteral("#frmSplash { border: 1px solid palette(dark); }"));
     setWindowTitle(QStringLiteral("About Korvane"));
     auto* title = new QLabel(CKorvane::Name(), this);
     title->setObjectName(QStringLiteral("lblTitle"));
