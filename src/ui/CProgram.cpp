@@ -52,8 +52,10 @@ int CProgram::Run(QApplication& application)
         MMain::HandleCommandLine(MMain::JoinArguments(arguments));
     }
     recovery.Start();
+    window->SetRecovery(&recovery);
 
     const int status = application.exec();
+    window->SetRecovery(nullptr);
     recovery.Exit();
     MMain::ShutdownApplication();
     return status;

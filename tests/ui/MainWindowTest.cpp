@@ -1,7 +1,7 @@
+#include "actions/CActToolResetMoved.h"
 #include "actions/CActionMgr.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
-#include "actions/CActToolResetMoved.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
@@ -9,8 +9,10 @@
 #include "core/FOpenFileDlg.h"
 #include "core/FSaveFileDlg.h"
 #include "model/CGame.h"
+#include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
+#include "render/CMapExport.h"
 #include "support/ContextTestSupport.h"
 #include "support/RootFixture.h"
 #include "support/TestContext.h"
@@ -40,7 +42,10 @@ public:
     {
         return !Path.isEmpty();
     }
-    bool Display(const QString&, const QString&, const QString&) override { return !Path.isEmpty(); }
+    bool Display(const QString&, const QString&, const QString&) override
+    {
+        return !Path.isEmpty();
+    }
     bool Display() override { return !GameId.isEmpty(); }
     QString SelectedGameId() const override { return GameId; }
     QString SelDir() const override { return QFileInfo(Path).absolutePath() + QLatin1Char('/'); }
@@ -133,12 +138,12 @@ TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
     EXPECT_FALSE(window->windowTitle().contains(QLatin1Char('*')));
 
     dropCounter(100, 100);
-    EXPECT_EQ(shown("mnuAction", "mnuActionUndo"), QStringLiteral("&Undo Add Unit"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionUndo"), QStringLiteral("&Undo Place New Unit"));
     EXPECT_EQ(shown("mnuAction", "mnuActionRedo"), QStringLiteral("Can't Redo (off)"));
     EXPECT_TRUE(window->windowTitle().endsWith(QStringLiteral("* - Korvane")));
     item("mnuAction", "mnuActionUndo")->trigger();
     EXPECT_EQ(shown("mnuAction", "mnuActionUndo"), QStringLiteral("Can't Undo (off)"));
-    EXPECT_EQ(shown("mnuAction", "mnuActionRedo"), QStringLiteral("&Redo Add Unit"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionRedo"), QStringLiteral("&Redo Place New Unit"));
 
     // A second map: the tabs follow, and a tab click shows the other map.
     UMapTabs* tabs = window->MapTabs();
@@ -152,6 +157,12 @@ TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
     EXPECT_EQ(tabs->tabText(maps), QStringLiteral("Turn && Two"));
     tabs->setCurrentIndex(0);
     EXPECT_EQ(group->ActiveMap(), group->Maps().Item(1));
+    item("mnuView", "mnuViewLastMap")->trigger();
+    EXPECT_EQ(tabs->currentIndex(), maps);
+    item("mnuView", "mnuViewPreviousMap")->trigger();
+    EXPECT_EQ(group->ActiveMap(), group->Maps().Item(maps));
+    item("mnuView", "mnuViewFirstMap")->trigger();
+    EXPECT_EQ(tabs->currentIndex(), 0);
 
     // Removing asks first; a yes removes the shown map and empties the history.
     const QString removed = group->ActiveMap()->Name();
@@ -160,8 +171,9 @@ TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
     gui->Boxes.Answers = {FMessageBox::Answer::No};
     item("mnuGame", "mnuGameRemoveMap")->trigger();
     EXPECT_EQ(group->Maps().Count(), maps + 1);
-    EXPECT_EQ(lastMessage(), QStringLiteral("Removal of '") + removed +
-                                 QStringLiteral("' cannot be undone.\n\nDo you want to continue ?"));
+    EXPECT_EQ(lastMessage(),
+              QStringLiteral("Removal of '") + removed +
+                  QStringLiteral("' cannot be undone.\n\nDo you want to continue ?"));
     gui->Boxes.Answers = {FMessageBox::Answer::Yes};
     const std::int16_t dirty = Root().Game()->Dirty();
     item("mnuGame", "mnuGameRemoveMap")->trigger();
@@ -224,18 +236,22 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_FALSE(window->windowTitle().contains(QLatin1Char('*')));
     EXPECT_EQ(item("mnuFile", "mnuFileRecent1")->text(), QStringLiteral("&1 ") + path);
 
+    // The exported picture is the renderer's, byte for byte.
+    gui->Choices.Path = home.File(QStringLiteral("games/board.png"));
+    item("mnuFile", "mnuFileExport")->trigger();
+    EXPECT_EQ(
+        home.ReadFile(QStringLiteral("games/board.png")),
+        CMapExport::Render(Root().Game()->ActiveMapGroup()->ActiveMap(), Root().Context(), 1.0)
+            .Png);
+    gui->Choices.Path = path;
+
     // A damaged file and a file of no module are refused; the game and its
     // history stay.
     dropCounter(200, 80);
     const std::shared_ptr<CGame> game = Root().Game();
     QFile damaged(home.File(QStringLiteral("games/damaged.krf")));
     ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    QByteArray bytes = QFile(path).exists() ? [&] {
-        QFile saved(path);
-        saved.open(QIODevice::ReadOnly);
-        return saved.readAll();
-    }()
-                                            : QByteArray();
+    QByteArray bytes = home.ReadFile(QStringLiteral("games/turn1.krf"));
     bytes.truncate(bytes.size() / 2);
     damaged.write(bytes);
     damaged.close();
