@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryFile>
-#include <QUuid>
 
 #include <chrono>
 
@@ -24,10 +23,21 @@ QString withSlash(QString path)
 
 QString CUtility::GenerateId()
 {
-    // WithoutBraces gives 8-4-4-4-12; dropping the hyphens keeps the order.
-    QString text = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    text.remove(QLatin1Char('-'));
-    return text.toUpper();
+    // A version 4 UUID as 32 upper-case hex digits. The bits come from the
+    // global generator, seeded once from the system: asking the system for
+    // every id (QUuid::createUuid) cost a loaded game most of its reading
+    // time, one id per map and unit.
+    QRandomGenerator* random = QRandomGenerator::global();
+    const quint64 high = (random->generate64() & ~quint64(0xF000)) | 0x4000;
+    const quint64 low = (random->generate64() & ~(quint64(3) << 62)) | (quint64(2) << 62);
+    static constexpr char digits[] = "0123456789ABCDEF";
+    QString text(32, Qt::Uninitialized);
+    QChar* out = text.data();
+    for (int i = 0; i < 16; ++i) {
+        out[i] = QLatin1Char(digits[(high >> (60 - 4 * i)) & 0xF]);
+        out[16 + i] = QLatin1Char(digits[(low >> (60 - 4 * i)) & 0xF]);
+    }
+    return text;
 }
 
 QString CUtility::GetAppPath()
@@ -159,8 +169,7 @@ QString CUtility::EscapeCaption(const QString& text)
     return result;
 }
 
-void CUtility::ParsePath(const QString& path, QString& directory, QString& name,
-                         QString& extension)
+void CUtility::ParsePath(const QString& path, QString& directory, QString& name, QString& extension)
 {
     const qsizetype slash =
         std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
@@ -185,9 +194,8 @@ std::int32_t CUtility::RandomNumber(std::int32_t lower, std::int32_t upper)
 {
     if (upper < lower)
         std::swap(lower, upper);
-    return static_cast<std::int32_t>(
-        QRandomGenerator::global()->bounded(static_cast<qint64>(lower),
-                                            static_cast<qint64>(upper) + 1));
+    return static_cast<std::int32_t>(QRandomGenerator::global()->bounded(
+        static_cast<qint64>(lower), static_cast<qint64>(upper) + 1));
 }
 
 double CUtility::GetTimestamp()
