@@ -16,10 +16,13 @@
 #include "tokens/IToken.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSet>
 
 #include <csignal>
+#include <cstring>
+#include <limits>
 #include <sys/resource.h>
 
 namespace {
@@ -557,4 +560,120 @@ TEST_F(PersistMgrTest, TheOpenFilterListsTheFileTypesOfTheContextsAndFixedModule
     EXPECT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
     EXPECT_EQ(Root().Game()->Name(), QStringLiteral("Axis"));
     EXPECT_TRUE(Root().PersistMgr().ContextIdFromFile(home.File("usermods/one.udm")).isEmpty());
+}
+
+TEST_F(PersistMgrTest, TextsTheFileCannotHoldAreNamedOnceBeforeSavingAndNoCancels)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Тигр"));
+    const auto map = game->ActiveMapGroup()->ActiveMap();
+    map->SetName(QStringLiteral("戦車"));
+    for (int i = 0; i < 3; ++i)
+        addUnit(*map, QStringLiteral("inf"), i, QStringLiteral("Тигр"));
+    addUnit(*map, QStringLiteral("inf"), 9, QStringLiteral("Café"));
+    markChanged();
+
+    gui->Boxes.Answers = {Answer::No};
+    EXPECT_FALSE(Root().PersistMgr().SaveCurrentGame());
+    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << "one question, and no write error";
+    const auto& question = gui->Boxes.Boxes[0];
+    EXPECT_TRUE(question.IsQuestion);
+    EXPECT_TRUE(question.Text.contains("\"Тигр\"\n\"戦車\"\n\nDo you want"))
+        << question.Text.toStdString();
+    EXPECT_FALSE(question.Text.contains("Café"));
+    EXPECT_TRUE(gui->Save.Shown.isEmpty()) << "no name is asked for a save that will not happen";
+    EXPECT_EQ(game->Dirty(), 2);
+
+    gui->Boxes.Boxes.clear();
+    gui->Boxes.Answers = {Answer::Yes};
+    gui->Save.Choose(home.Path(), QStringLiteral("tiger"), QStringLiteral("krf"));
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    EXPECT_EQ(gui->Boxes.Boxes.size(), 1u);
+    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(home.File(QStringLiteral("tiger.krf"))));
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("????"));
+    EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Name(), QStringLiteral("??"));
+    EXPECT_EQ(CPersistMgr::LossyTextsSummary({"a", "b", "c"}, 2, ", "),
+              QStringLiteral("\"a\", \"b\", and 1 more"));
+}
+
+// Hostile files made here: a body declared far larger than the file holds,
+// a game of a million empty maps, and a large game of empty maps that can
+// be read. Each is handled within seconds and without a large allocation.
+TEST_F(PersistMgrTest, HostileFilesCostLittleTimeAndMemory)
+{
+    TestGui* gui = startAlpha();
+    newGame(QStringLiteral("Current"));
+    const auto peakKiB = [] {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return static_cast<qint64>(usage.ru_maxrss);
+    };
+    const auto emptyMaps = [](int groups, int mapsPerGroup, int lastGroup) {
+        Bytes body;
+        body.i16(2).small("G").small("Many").small("").i16(static_cast<std::int16_t>(groups));
+        const QByteArray emptyMap =
+            Bytes().i16(1).small("").small("").text("").i16(0).i16(0).i16(0).data();
+        for (int g = 1; g <= groups; ++g) {
+            const int maps = g == groups ? lastGroup : mapsPerGroup;
+            body.small("GR" + QByteArray::number(g))
+                .i16(1)
+                .i16(0)
+                .i16(static_cast<std::int16_t>(maps));
+            body.append(emptyMap.repeated(maps));
+        }
+        return fileAround(body.data());
+    };
+    // 520 KB that inflate to about as much, declaring 512 MiB.
+    QByteArray noise(520 * 1024, '\0');
+    std::uint32_t seed = 12345;
+    for (char& c : noise)
+        c = static_cast<char>((seed = seed * 1103515245u + 12345u) >> 24);
+    QByteArray declared512 = fileAround(noise);
+    const std::int32_t length512 = 512 * 1024 * 1024;
+    std::memcpy(declared512.data() + 5 + alphaId.size(), &length512, 4);
+    QByteArray declared2G = declared512;
+    const std::int32_t length2G = std::numeric_limits<std::int32_t>::min(); // 2 GiB as stored
+    std::memcpy(declared2G.data() + 5 + alphaId.size(), &length2G, 4);
+    const QByteArray million = emptyMaps(31, 32767, 1000000 - 30 * 32767);
+    EXPECT_LT(million.size(), 40 * 1024);
+
+    const struct
+    {
+        const char* file;
+        QByteArray bytes;
+        QString reason;
+    } cases[] = {{"declared512.krf", declared512, "damaged"},
+                 {"declared2G.krf", declared2G, "body length"},
+                 {"million.krf", million, "more than 250000 maps"},
+                 {"many.krf", emptyMaps(7, 32767, 10), QString()}};
+    for (const auto& c : cases) {
+        const QString path = home.WriteFile(QLatin1String(c.file), c.bytes);
+        gui->Boxes.Boxes.clear();
+        const qint64 peakBefore = peakKiB();
+        QElapsedTimer timer;
+        timer.start();
+        const bool loaded = Root().PersistMgr().LoadGameFromFile(path);
+        // Counting units visits every map as korvane-tool info does.
+        std::int64_t units = 0;
+        for (const auto& group : Root().Game()->MapGroups())
+            for (const auto& map : group->Maps()) {
+                map->AquireLock();
+                units += map->Units()->Count();
+                map->ReleaseLock();
+            }
+        EXPECT_LT(timer.elapsed(), 10000) << c.file;
+        EXPECT_LT(peakKiB() - peakBefore, 200 * 1024) << c.file;
+        EXPECT_EQ(loaded, c.reason.isEmpty()) << c.file;
+        if (!loaded) {
+            ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << c.file;
+            EXPECT_TRUE(gui->Boxes.Boxes[0].Text.contains(c.reason))
+                << gui->Boxes.Boxes[0].Text.toStdString();
+        } else {
+            EXPECT_EQ(Root().Game()->GetMapCount(), 6 * 32767 + 10);
+            EXPECT_EQ(units, 0);
+            EXPECT_EQ(QDir(CUtility::GetCacheDir()).entryList({"*.tmp"}, QDir::Files),
+                      QStringList())
+                << "empty maps write no swap files";
+        }
+    }
 }
