@@ -5,6 +5,7 @@
 #include "contexts/IGameContext.h"
 #include "core/CConfiguration.h"
 #include "core/CUtility.h"
+#include "core/KorvaneError.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -193,7 +194,18 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
     EXPECT_EQ(loaded->ActiveMapGroup(), loaded->MapGroups().Item(2));
     EXPECT_EQ(loaded->MapGroups().Item(1)->ActiveMap()->Name(), QStringLiteral("Turn 2"));
     EXPECT_EQ(loaded->MapGroups().Item(2)->ActiveMap()->Name(), QStringLiteral("Turn 4"));
+    EXPECT_EQ(loaded->MapGroups().Item(2)->Maps().Item(1)->GroupId(), second->Id());
     EXPECT_TRUE(gui->Boxes.Boxes.empty());
+
+    // Every cut of the body fails the read instead of giving a partial game.
+    COutputStream out;
+    game->SaveTo(out);
+    const QByteArray body(reinterpret_cast<const char*>(out.Address()), out.Offset());
+    for (qsizetype length = 0; length < body.size(); ++length) {
+        CInputStream cut = CInputStream::FromBytes(body.left(length));
+        CGame damaged(QStringLiteral("C"));
+        EXPECT_THROW(damaged.RestoreFrom(cut), KorvaneError) << "cut at " << length;
+    }
 }
 
 TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
@@ -232,39 +244,16 @@ TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
         }
         EXPECT_EQ(sizes, c.groupSizes);
         EXPECT_EQ(game.MapGroups().Item(1)->Maps().Item(1)->Name(), c.firstMap);
+        EXPECT_EQ(game.Name(), QStringLiteral("Old"));
         const auto last = game.ActiveMapGroup()->ActiveMap();
         EXPECT_EQ(game.ActiveMapGroup(), game.MapGroups().Item(game.MapGroups().Count()));
         EXPECT_EQ(last, game.ActiveMapGroup()->Maps().Item(game.ActiveMapGroup()->Maps().Count()));
         EXPECT_EQ(last->Name(), QStringLiteral("M%1").arg(c.maps));
+        EXPECT_EQ(last->GroupId(), game.ActiveMapGroup()->Id());
         ASSERT_EQ(last->Units()->Count(), 1);
         EXPECT_EQ(last->Units()->Item(1)->y(), -c.maps);
         EXPECT_FALSE(last->Units()->Item(1)->HasMoved());
     }
-}
-
-TEST_F(PersistMgrTest, AUnitIsFoundWhenItsTokenHasMovedInTheModule)
-{
-    writeModule(QStringLiteral("alpha.krm"),
-                module(QStringLiteral("alpha"), {"a", "b", "c", "d", "e"}));
-    start();
-    activate(alphaId);
-    const auto map = newGame(QStringLiteral("Moved"))->ActiveMapGroup()->ActiveMap();
-    addUnit(*map, QStringLiteral("e"), 1);
-    addUnit(*map, QStringLiteral("a"), 2);
-    ASSERT_EQ(map->Units()->Item(1)->Token()->Index(), 5);
-    const QString path = home.WriteFile(QStringLiteral("moved.krf"), currentImage());
-    ReleaseRoot();
-
-    // The next version of the module puts two tokens in front of "e".
-    writeModule(QStringLiteral("alpha.krm"),
-                module(QStringLiteral("alpha"), {"a", "b", "c", "d", "x", "y", "e"}));
-    start();
-    activate(alphaId);
-    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
-    const auto units = Root().Game()->ActiveMapGroup()->ActiveMap()->Units();
-    ASSERT_EQ(units->Count(), 2);
-    EXPECT_EQ(units->Item(1)->Token(), Root().Context()->Tokens().Item(7));
-    EXPECT_EQ(units->Item(2)->Token(), Root().Context()->Tokens().Item(1));
 }
 
 TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeNothing)
@@ -287,25 +276,15 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         std::memcpy(bytes.data() + header.BodyOffset - 4, &length, 4);
         return bytes;
     };
-    const QByteArray gameStart = Bytes().i16(2).small("G").small("").small("").data();
-    const QByteArray mapStart = Bytes()
-                                    .i16(1)
-                                    .small("GR")
-                                    .i16(1)
-                                    .i16(0)
-                                    .i16(1)
-                                    .i16(1)
-                                    .small("")
-                                    .small("")
-                                    .text("")
-                                    .i16(0)
-                                    .data();
-    const QByteArray truncated = gameStart + Bytes().i16(1).small("GR").i16(1).data();
-    const QByteArray hugeCount = gameStart + mapStart + Bytes().i16(30000).i32(0).data();
-    const QByteArray ghost =
-        gameStart + mapStart + Bytes().i16(1).i16(2).small("ghost").i16(2).i32(1).i32(1).data();
-    const QByteArray newer = Bytes().i16(3).small("G").data();
-
+    // Record bytes: a game, a group holding one map, a map up to its units.
+    const QByteArray gameRec = Bytes().i16(2).small("G").small("").small("").data();
+    const QByteArray group = Bytes().i16(1).small("GR").i16(1).i16(0).i16(1).data();
+    const QByteArray map = Bytes().i16(1).small("").small("").text("").i16(0).data();
+    const QByteArray unit = Bytes().i16(1).small("inf").data();
+    // Zeros behind each case, so that only the damage named fails the read.
+    const auto body = [&](const QByteArray& bytes) {
+        return fileAround(bytes + QByteArray(24, 0));
+    };
     const struct
     {
         const char* file;
@@ -325,10 +304,23 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         {"beta.krf", CGameFile::ToBytes(*game, "krm_beta_v1"), "'beta', which is not the active"},
         {"inflate.krf", flipped, "damaged"},
         {"length.krf", declaring(header.BodyLength + 10), "damaged"},
-        {"truncated.krf", fileAround(truncated), "truncated"},
-        {"count.krf", fileAround(hugeCount), "30000 units, more than the remaining"},
-        {"newer.krf", fileAround(newer), "newer version of Korvane"},
-        {"ghost.krf", fileAround(ghost), "\"ghost\""},
+        {"short2.krf", declaring(header.BodyLength - 10), "damaged"},
+        {"truncated.krf", fileAround(gameRec + Bytes().i16(1).small("GR").i16(1).data()),
+         "truncated"},
+        {"count.krf", body(gameRec + group + map + Bytes().i16(30000).data()), "30000 units, more"},
+        {"groups.krf", body(gameRec + Bytes().i16(32767).small("GR").data()), "32767 map groups"},
+        {"groupsneg.krf", body(gameRec + Bytes().i16(-1).data()), "negative number"},
+        {"textneg.krf", body(gameRec + group + Bytes().i16(1).small("").small("").i16(-5).data()),
+         "negative length"},
+        {"newer.krf", body(Bytes().i16(3).data()), "game record has version 3"},
+        {"newergroup.krf", body(gameRec + Bytes().i16(1).small("GR").i16(2).data()), "newer"},
+        {"newermap.krf", body(gameRec + group + Bytes().i16(2).data()), "map record has version 2"},
+        {"newerunit.krf",
+         body(gameRec + group + map + Bytes().i16(1).data() + unit + Bytes().i16(3).data()),
+         "unit record has version 3"},
+        {"version0.krf", body(Bytes().i16(0).data()), "invalid version 0"},
+        {"ghost.krf", body(gameRec + group + map + Bytes().i16(1).i16(2).small("ghost").data()),
+         "\"ghost\""},
         {"absent.krf", QByteArray(), "No such file"},
     };
     for (const auto& c : cases) {
