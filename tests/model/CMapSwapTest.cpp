@@ -111,9 +111,10 @@ TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
     EXPECT_EQ(a->Units()->Count() + a->Arrows()->Count(), 0);
 }
 
-TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
+// A swap file that cannot be read or written fails the switch and leaves
+// both maps as they were.
+TEST_F(MapSwap, swapFailuresFailTheSwitchAndKeepTheMapsAsTheyWere)
 {
-    group->SwitchTo(b);
     group->SwitchTo(c);
     QFile::remove(b->SwapFile());
     EXPECT_TRUE(errorOf([&] { group->SwitchTo(b); }).contains(QFileInfo(b->SwapFile()).fileName()));
@@ -122,9 +123,7 @@ TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
     EXPECT_EQ(b->LockCount(), 0);
     EXPECT_TRUE(b->SwappedOut());
 
-    // A damaged swap file fails the same way instead of producing junk units.
-    group->SwitchTo(a);
-    group->SwitchTo(c);
+    // A damaged one instead of junk units.
     QFile file(a->SwapFile());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     file.resize(file.size() / 2);
@@ -132,30 +131,19 @@ TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
     EXPECT_THROW(a->AquireLock(), KorvaneError);
     EXPECT_EQ(a->LockCount(), 0);
     EXPECT_EQ(a->Units(), nullptr);
-}
 
-TEST_F(MapSwap, aSwapFileThatCannotBeWrittenKeepsTheMapLockedWithItsUnits)
-{
-    // A plain file where the cache directory should be.
-    QDir(CUtility::GetCacheDir()).removeRecursively();
-    home.WriteFile(QStringLiteral("cache"), "not a directory");
-    const QStringList before = contents(*a);
-    EXPECT_TRUE(errorOf([&] { a->ReleaseLock(); }).contains(QFileInfo(a->SwapFile()).fileName()));
-    EXPECT_EQ(a->LockCount(), 1);
-    EXPECT_FALSE(a->SwappedOut());
-    EXPECT_EQ(contents(*a), before);
-}
-
-TEST_F(MapSwap, swapFilesServeOnlyTheModuleThatWroteThem)
-{
-    group->SwitchTo(b);
-    // Another module with the same counters in the same places still differs.
+    // One written for another module, even with the same counters in the same places.
+    QFile::remove(a->SwapFile());
+    a = addMap(*group, QStringLiteral("A2"));
+    group->SwitchTo(a);
+    addUnit(*a, QStringLiteral("INF"), 1, 1, QString(), QString());
+    group->SwitchTo(c);
     auto other = std::make_shared<TestContext>(QStringLiteral("x"), QStringLiteral("krm_other_v1"));
     for (const auto& t : context->Tokens())
         other->AddToken(t->Class(), t->Id());
     Root().SetContext(other);
     EXPECT_THROW(group->SwitchTo(a), KorvaneError);
-    EXPECT_EQ(group->ActiveMap(), b);
+    EXPECT_EQ(group->ActiveMap(), c);
 
     // Units cannot be swapped out with no module to name their counters.
     Root().SetContext(context);
@@ -163,7 +151,17 @@ TEST_F(MapSwap, swapFilesServeOnlyTheModuleThatWroteThem)
     Root().SetContext(nullptr);
     EXPECT_THROW(group->SwitchTo(c), KorvaneError);
     EXPECT_EQ(a->LockCount(), 1);
-    EXPECT_EQ(a->Units()->Count(), 4);
+    EXPECT_EQ(a->Units()->Count(), 1);
+
+    // Nor written where a plain file takes the cache directory's place.
+    Root().SetContext(context);
+    QDir(CUtility::GetCacheDir()).removeRecursively();
+    home.WriteFile(QStringLiteral("cache"), "not a directory");
+    const QStringList before = contents(*a);
+    EXPECT_TRUE(errorOf([&] { a->ReleaseLock(); }).contains(QFileInfo(a->SwapFile()).fileName()));
+    EXPECT_EQ(a->LockCount(), 1);
+    EXPECT_FALSE(a->SwappedOut());
+    EXPECT_EQ(contents(*a), before);
 }
 
 TEST_F(MapSwap, swapFilesAreRemovedWithTheirMapAndAtShutDown)
