@@ -97,8 +97,9 @@ std::shared_ptr<CGame> CGameFile::FromBytes(const QByteArray& bytes, QString* er
     const std::int64_t packedLength = bytes.size() - header.BodyOffset;
     if (header.BodyLength <= 0 || header.BodyLength > MaximumBodyLength ||
         header.BodyLength > packedLength * MaximumExpansion) {
+        // Shown as stored, unsigned: a Long of 2 GiB reads as negative.
         setError(error, QStringLiteral("its declared body length (%1 bytes) cannot be right")
-                            .arg(header.BodyLength));
+                            .arg(static_cast<std::uint32_t>(header.BodyLength)));
         return nullptr;
     }
 
