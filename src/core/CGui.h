@@ -1,9 +1,15 @@
 #pragma once
 
+class FAboutDlg;
 class FEditUnitNumDlg;
 class FEditUnitTextDlg;
+class FFullScreenDlg;
+class FGamePropsDlg;
 class FMainMdi;
+class FMapPropsDlg;
 class FMessageBox;
+class FNewGameDlg;
+class FNewMapDlg;
 class FPopupMenu;
 class FSplitUnitDlg;
 class FOpenFileDlg;
@@ -34,4 +40,11 @@ public:
     virtual FSaveFileDlg* SaveFileDlg() { return nullptr; }
     virtual FOpenFileDlg* OpenFileDlg() { return nullptr; }
     virtual FProgressWin* ProgressWin() { return nullptr; }
+    // The dialogs of the menus; null when there are none (counted as cancelled).
+    virtual FNewGameDlg* NewGameDlg() { return nullptr; }
+    virtual FNewMapDlg* NewMapDlg() { return nullptr; }
+    virtual FMapPropsDlg* MapPropsDlg() { return nullptr; }
+    virtual FGamePropsDlg* GamePropsDlg() { return nullptr; }
+    virtual FFullScreenDlg* FullScreenDlg() { return nullptr; }
+    virtual FAboutDlg* AboutDlg() { return nullptr; }
 };

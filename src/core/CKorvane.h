@@ -9,10 +9,12 @@
 #include <memory>
 
 class CActionMgr;
+class CClock;
 class CConfiguration;
 class CContextMgr;
 class CControlHost;
 class CDebug;
+class CDragDropMgr;
 class CGame;
 class CImageListMgr;
 class CGameEventMgr;
@@ -20,6 +22,7 @@ class CGui;
 class CPersistMgr;
 class IGameContext;
 class CUtility;
+class CWinApi;
 class CZlib;
 class IProgressMonitor;
 
@@ -54,9 +57,12 @@ public:
     CDebug& Trace() const { return *m_trace; }
     CPersistMgr& PersistMgr() const { return *m_persistMgr; }
     CConfiguration& Config() const { return *m_config; }
+    CWinApi& WinApi() const { return *m_winApi; }
     CZlib& Zlib() const { return *m_zlib; }
     CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
     CContextMgr& ContextMgr() const { return *m_contextMgr; }
+    CClock& Clock() const { return *m_clock; }
+    CDragDropMgr& DragDropMgr() const { return *m_dragDropMgr; }
     CActionMgr& ActionMgr() const { return *m_actionMgr; }
     CGameEventMgr& EventMgr() const { return *m_eventMgr; }
     // Null when the program runs without windows.
@@ -79,9 +85,12 @@ private:
     std::unique_ptr<CDebug> m_trace;
     std::unique_ptr<CPersistMgr> m_persistMgr;
     std::unique_ptr<CConfiguration> m_config;
+    std::unique_ptr<CWinApi> m_winApi;
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CImageListMgr> m_imageListMgr;
     std::unique_ptr<CContextMgr> m_contextMgr;
+    std::unique_ptr<CClock> m_clock;
+    std::unique_ptr<CDragDropMgr> m_dragDropMgr;
     std::unique_ptr<CActionMgr> m_actionMgr;
     std::unique_ptr<CGameEventMgr> m_eventMgr;
     GuiFactory m_guiFactory;

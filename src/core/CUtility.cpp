@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QStandardPaths>
 #include <QTemporaryFile>
 
 #include <chrono>
@@ -17,6 +18,27 @@ QString withSlash(QString path)
     if (!path.endsWith(QLatin1Char('/')))
         path += QLatin1Char('/');
     return path;
+}
+
+// The user's own data folder of an installed Korvane.
+QString userDataDir()
+{
+    return withSlash(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) +
+           QStringLiteral("korvane/");
+}
+
+// $XDG_STATE_HOME (an absolute path, as the rules for it demand), else its
+// default; platforms without the variable keep the trace with the data.
+QString userStateDir()
+{
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!state.isEmpty() && QDir::isAbsolutePath(state))
+        return withSlash(state) + QStringLiteral("korvane/");
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return withSlash(QDir::homePath()) + QStringLiteral(".local/state/korvane/");
+#else
+    return userDataDir();
+#endif
 }
 
 } // namespace
@@ -40,6 +62,13 @@ QString CUtility::GenerateId()
     return text;
 }
 
+bool CUtility::IsPortable()
+{
+    if (!qEnvironmentVariableIsEmpty("KORVANE_HOME") || !QCoreApplication::instance())
+        return true;
+    return QFileInfo(QCoreApplication::applicationDirPath() + QStringLiteral("/modules")).isDir();
+}
+
 QString CUtility::GetAppPath()
 {
     const QString home = qEnvironmentVariable("KORVANE_HOME");
@@ -57,17 +86,52 @@ QString CUtility::GetCurrentPath()
 
 QString CUtility::GetModuleDir()
 {
-    return GetAppPath() + QStringLiteral("modules/");
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("modules/");
+    return userDataDir() + QStringLiteral("modules/");
+}
+
+QStringList CUtility::GetModuleDirs()
+{
+    if (IsPortable())
+        return {GetModuleDir()};
+    return {GetModuleDir(), GetInstalledModuleDir()};
+}
+
+QString CUtility::GetInstalledModuleDir()
+{
+    // Relative to the executable, so an installed tree works wherever it is
+    // unpacked (a DESTDIR, a moved prefix).
+    const QString base =
+        QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
+    return withSlash(QDir::cleanPath(base + QStringLiteral("/../share/korvane/modules")));
 }
 
 QString CUtility::GetCacheDir()
 {
-    return GetAppPath() + QStringLiteral("cache/");
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("cache/");
+    return withSlash(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)) +
+           QStringLiteral("korvane/");
 }
 
 QString CUtility::GetUserModuleDir()
 {
-    return GetAppPath() + QStringLiteral("usermods/");
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("usermods/");
+    return userDataDir() + QStringLiteral("usermods/");
+}
+
+QString CUtility::GetTraceFile()
+{
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("debug.txt");
+    return userStateDir() + QStringLiteral("debug.txt");
+}
+
+QString CUtility::GetRecoveryDir()
+{
+    return GetCacheDir() + QStringLiteral("recovery/");
 }
 
 QString CUtility::CreateTempFile()

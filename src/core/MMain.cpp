@@ -63,11 +63,11 @@ private:
     FProgressWin* m_window;
 };
 
-// Makes context the active one. Another active context is removed first and
-// the change announced; the same context stays as it is. False when the new
-// context cannot be activated: no context is active then, and the user has
-// been told why.
-bool switchContext(const std::shared_ptr<IGameContext>& context)
+} // namespace
+
+namespace MMain {
+
+bool SwitchContext(const std::shared_ptr<IGameContext>& context)
 {
     CKorvane& root = Root();
     if (root.Context() && root.Context()->Id() != context->Id()) {
@@ -98,10 +98,6 @@ bool switchContext(const std::shared_ptr<IGameContext>& context)
     root.EventMgr().NotifyOfNewContext(nullptr);
     return true;
 }
-
-} // namespace
-
-namespace MMain {
 
 QString JoinArguments(const QStringList& arguments)
 {
@@ -155,7 +151,7 @@ void HandleCommandLine(const QString& commandLine)
     const std::int32_t position = root.ContextMgr().PosOfContext(contextId);
     if (position == 0)
         return;
-    if (!switchContext(root.ContextMgr().Context(position)))
+    if (!SwitchContext(root.ContextMgr().Context(position)))
         return;
     if (root.PersistMgr().LoadGameFromFile(path))
         root.EventMgr().NotifyOfNewGame(nullptr);

@@ -3,6 +3,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class IGameContext;
+
 // Start-up helpers shared by the program and the tests.
 namespace MMain {
 
@@ -18,6 +22,12 @@ QString ExtractFileArgument(const QString& commandLine);
 // context that wrote it (announcing the change) and makes it the current game.
 // A file of a module that is not installed is ignored silently.
 void HandleCommandLine(const QString& commandLine);
+
+// Makes context the active one: another active context is removed first and
+// the change announced; the active context itself stays as it is. False when
+// the new context cannot be activated (no context is active then, and the
+// user has been told why).
+bool SwitchContext(const std::shared_ptr<IGameContext>& context);
 
 // Disposes and releases the root.
 void ShutdownApplication();

@@ -1,0 +1,9 @@
+#include "ui/CProgram.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    return CProgram::Run(application);
+}

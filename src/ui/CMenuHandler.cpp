@@ -1,0 +1,38 @@
+#include "CMenuHandler.h"
+
+#include "ui/CCommandGuard.h"
+
+#include <QAction>
+#include <QMenu>
+
+CMenuHandler::CMenuHandler(QMenu* menu, const QString& name, const QString& caption)
+    : QObject(menu), m_menu(menu)
+{
+    m_menu->setObjectName(name);
+    m_menu->setTitle(caption);
+    connect(m_menu, &QMenu::aboutToShow, this,
+            [this] { CCommandGuard::Run([this] { Refresh(); }); });
+}
+
+QAction* CMenuHandler::AddItem(const QString& name, const QString& caption,
+                               std::function<void()> onClick)
+{
+    QAction* item = m_menu->addAction(caption);
+    item->setObjectName(name);
+    connect(item, &QAction::triggered, this,
+            [onClick = std::move(onClick)] { CCommandGuard::Run(onClick); });
+    return item;
+}
+
+QAction* CMenuHandler::AddSeparator(const QString& name)
+{
+    QAction* bar = m_menu->addSeparator();
+    bar->setObjectName(name);
+    return bar;
+}
+
+void CMenuHandler::SetCaption(QAction* item, const QString& caption)
+{
+    item->setText(caption);
+    item->setEnabled(!caption.startsWith(QLatin1String("Can't")));
+}

@@ -1,0 +1,71 @@
+#include "CToolsMenu.h"
+
+#include "actions/IActionTool.h"
+#include "contexts/CModuleInstaller.h"
+#include "contexts/IGameContext.h"
+#include "core/CGui.h"
+#include "core/CKorvane.h"
+#include "core/CUtility.h"
+#include "core/FMessageBox.h"
+#include "core/FOpenFileDlg.h"
+#include "ui/CMapState.h"
+
+#include <QAction>
+#include <QMenu>
+
+CToolsMenu::CToolsMenu(QMenu* menu)
+    : CMenuHandler(menu, QStringLiteral("mnuTools"), QStringLiteral("&Tools"))
+{
+    AddSeparator(QStringLiteral("mnuToolsBar1"));
+    AddItem(QStringLiteral("mnuToolsInstallModule"), QStringLiteral("&Install Module..."),
+            [this] { installModule(); });
+    AddSeparator(QStringLiteral("mnuToolsBar2"));
+    for (int i = 0; i < CustomCount; ++i) {
+        m_custom[i] = AddItem(QStringLiteral("mnuToolsCustom%1").arg(i + 1), QString(),
+                              [this, i] { runCustom(i); });
+        m_custom[i]->setVisible(false);
+    }
+}
+
+void CToolsMenu::Refresh()
+{
+    const bool usable = Root().Game() && !CMapState::ActiveFrozen();
+    for (QAction* item : m_custom)
+        item->setEnabled(usable);
+}
+
+void CToolsMenu::rebuildCustom()
+{
+    const std::shared_ptr<IGameContext>& context = Root().Context();
+    const std::int32_t count = context ? context->CustomTools().Count() : 0;
+    for (int i = 0; i < CustomCount; ++i) {
+        const bool shown = i < count;
+        m_custom[i]->setVisible(shown);
+        m_custom[i]->setText(shown ? context->CustomTools().Item(i + 1)->Caption() : QString());
+    }
+}
+
+void CToolsMenu::runCustom(int index)
+{
+    const std::shared_ptr<IGameContext>& context = Root().Context();
+    if (!context || !Root().Game() || CMapState::ActiveFrozen() ||
+        index >= context->CustomTools().Count())
+        return;
+    context->CustomTools().Item(index + 1)->Invoke();
+}
+
+void CToolsMenu::installModule()
+{
+    CGui* gui = Root().Gui();
+    FOpenFileDlg* dialog = gui ? gui->OpenFileDlg() : nullptr;
+    FMessageBox* messages = gui ? gui->Messages() : nullptr;
+    if (!dialog || !messages)
+        return;
+    if (!dialog->Display(CModuleInstaller::FileFilter(), CModuleInstaller::DefaultPattern(),
+                         CUtility::GetCurrentPath()))
+        return;
+    QString path = dialog->SelDir() + dialog->SelFile();
+    if (!dialog->SelExt().isEmpty())
+        path += QLatin1Char('.') + dialog->SelExt();
+    CModuleInstaller::Install(path, *messages);
+}

@@ -1,0 +1,220 @@
+#include "mdiMain.h"
+
+#include "core/CConfiguration.h"
+#include "core/CKorvane.h"
+#include "model/CGame.h"
+#include "persist/CPersistMgr.h"
+#include "ui/CActionMenu.h"
+#include "ui/CCommandGuard.h"
+#include "ui/CFileMenu.h"
+#include "ui/CGameCommands.h"
+#include "ui/CGameMenu.h"
+#include "ui/CHelpMenu.h"
+#include "ui/CRecentFiles.h"
+#include "ui/CToolsMenu.h"
+#include "ui/CViewMenu.h"
+#include "ui/UMapTabs.h"
+#include "ui/UTokenPalette.h"
+#include "ui/frmMapText.h"
+#include "ui/mdcBoard.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString section = QLatin1String(mdiMain::SettingsSection);
+
+int setting(const QString& key)
+{
+    bool ok = false;
+    const int value = Root().Config().GetValue(section, key).toInt(&ok);
+    return ok ? value : -1;
+}
+
+} // namespace
+
+mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("mdiMain"));
+    auto* centre = new QWidget(this);
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    m_tabs = new UMapTabs(centre);
+    m_board = new mdcBoard(centre);
+    layout->addWidget(m_tabs);
+    layout->addWidget(m_board, 1);
+    setCentralWidget(centre);
+
+    m_palette = new UTokenPalette(this);
+    addDockWidget(Qt::LeftDockWidgetArea, m_palette);
+    m_mapText = new frmMapText(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_mapText);
+    m_mapText->hide();
+
+    QMenuBar* bar = menuBar();
+    m_fileMenu = new CFileMenu(bar->addMenu(QString()), this);
+    m_actionMenu = new CActionMenu(bar->addMenu(QString()));
+    m_viewMenu = new CViewMenu(bar->addMenu(QString()), this);
+    m_gameMenu = new CGameMenu(bar->addMenu(QString()));
+    m_toolsMenu = new CToolsMenu(bar->addMenu(QString()));
+    m_helpMenu = new CHelpMenu(bar->addMenu(QString()));
+    UpdateTitle();
+}
+
+mdiMain::~mdiMain() = default;
+
+void mdiMain::Load()
+{
+    const int left = setting(QStringLiteral("Left"));
+    const int top = setting(QStringLiteral("Top"));
+    const int width = setting(QStringLiteral("Width"));
+    const int height = setting(QStringLiteral("Height"));
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
+    if (width >= 200 && height >= 150) {
+        QRect saved(left, top, width, height);
+        // A window saved on a screen that is gone comes back onto this one.
+        if (!available.intersects(saved))
+            saved.moveTopLeft(available.topLeft());
+        setGeometry(saved);
+        return;
+    }
+    QSize size(available.width() * 4 / 5, available.height() * 4 / 5);
+    size = size.boundedTo(QSize(1400, 950));
+    resize(size);
+    move(available.center() - QPoint(size.width() / 2, size.height() / 2));
+}
+
+void mdiMain::saveGeometry()
+{
+    const QRect frame = geometry();
+    CConfiguration& config = Root().Config();
+    config.SetValue(section, QStringLiteral("Left"), QString::number(frame.left()));
+    config.SetValue(section, QStringLiteral("Top"), QString::number(frame.top()));
+    config.SetValue(section, QStringLiteral("Width"), QString::number(frame.width()));
+    config.SetValue(section, QStringLiteral("Height"), QString::number(frame.height()));
+}
+
+void mdiMain::GameSaved()
+{
+    const QString path = CGameCommands::CurrentFilePath();
+    if (!path.isEmpty())
+        CRecentFiles::Add(QFileInfo(path).absoluteFilePath());
+    UpdateTitle();
+}
+
+void mdiMain::UpdateTitle()
+{
+    CKorvane* root = RootOrNull();
+    const std::shared_ptr<CGame> game = root ? root->Game() : nullptr;
+    if (!game) {
+        setWindowTitle(CKorvane::Name());
+        return;
+    }
+    QString title = game->Name().isEmpty() ? QStringLiteral("Untitled") : game->Name();
+    const QString path = CGameCommands::CurrentFilePath();
+    if (!path.isEmpty())
+        title += QStringLiteral(" - ") + QFileInfo(path).fileName();
+    if (game->Dirty() != 0)
+        title += QLatin1Char('*');
+    setWindowTitle(title + QStringLiteral(" - ") + CKorvane::Name());
+}
+
+IGameEventListener* mdiMain::BoardMdc()
+{
+    return m_board;
+}
+
+IGameEventListener* mdiMain::MapTextWin()
+{
+    return m_mapText;
+}
+
+IGameEventListener* mdiMain::FileMenu()
+{
+    return m_fileMenu;
+}
+
+IGameEventListener* mdiMain::ActionMenu()
+{
+    return m_actionMenu;
+}
+
+IGameEventListener* mdiMain::ViewMenu()
+{
+    return m_viewMenu;
+}
+
+IGameEventListener* mdiMain::GameMenu()
+{
+    return m_gameMenu;
+}
+
+IGameEventListener* mdiMain::ToolsMenu()
+{
+    return m_toolsMenu;
+}
+
+IGameEventListener* mdiMain::HelpMenu()
+{
+    return m_helpMenu;
+}
+
+void mdiMain::NotifyOfGroupSwitch(const QString&, const QString&)
+{
+    m_tabs->Rebuild();
+    UpdateTitle();
+}
+
+void mdiMain::NotifyOfMapAdd(const QString&)
+{
+    m_tabs->Rebuild();
+    UpdateTitle();
+}
+
+void mdiMain::NotifyOfMapDelete(const QString&)
+{
+    m_tabs->Rebuild();
+    UpdateTitle();
+}
+
+void mdiMain::NotifyOfMapEdit(const QString&)
+{
+    m_tabs->Rebuild();
+    UpdateTitle();
+}
+
+void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)
+{
+    m_tabs->SelectActive();
+    UpdateTitle();
+}
+
+void mdiMain::NotifyOfNewContext()
+{
+    m_palette->Rebuild();
+}
+
+void mdiMain::NotifyOfNewGame()
+{
+    m_tabs->Rebuild();
+    UpdateTitle();
+}
+
+void mdiMain::closeEvent(QCloseEvent* event)
+{
+    bool mayClose = true;
+    CCommandGuard::Run([&mayClose] { mayClose = Root().PersistMgr().AbandonCurrentGame(); });
+    if (!mayClose) {
+        event->ignore();
+        return;
+    }
+    saveGeometry();
+    event->accept();
+}

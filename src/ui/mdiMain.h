@@ -1,0 +1,90 @@
+#pragma once
+
+#include "core/FMainMdi.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class CActionMenu;
+class CFileMenu;
+class CGameMenu;
+class CHelpMenu;
+class CToolsMenu;
+class CViewMenu;
+class UMapTabs;
+class UTokenPalette;
+class frmMapText;
+class mdcBoard;
+
+// The main window: menu bar, the map tabs over the board, the counter
+// palette on the left and the map text beside the board. It hears every
+// model change first and hands out its parts, which hear them after it.
+class mdiMain : public QMainWindow, public FMainMdi
+{
+    Q_OBJECT
+
+public:
+    static constexpr const char* SettingsSection = "mdiMain";
+
+    explicit mdiMain(QWidget* parent = nullptr);
+    ~mdiMain() override;
+
+    // Takes the saved position and size, or a sensible size centred on the
+    // screen at the first start.
+    void Load();
+
+    mdcBoard* Board() const { return m_board; }
+    frmMapText* MapText() const { return m_mapText; }
+    UMapTabs* MapTabs() const { return m_tabs; }
+    UTokenPalette* Palette() const { return m_palette; }
+    CFileMenu* FileMenuHandler() const { return m_fileMenu; }
+
+    // The game was written to its file: the title loses its change mark.
+    void GameSaved();
+    void UpdateTitle();
+
+    IGameEventListener* BoardMdc() override;
+    IGameEventListener* MapTextWin() override;
+    IGameEventListener* FileMenu() override;
+    IGameEventListener* ActionMenu() override;
+    IGameEventListener* ViewMenu() override;
+    IGameEventListener* GameMenu() override;
+    IGameEventListener* ToolsMenu() override;
+    IGameEventListener* HelpMenu() override;
+
+    void NotifyOfArrowAdd(const QString&) override { UpdateTitle(); }
+    void NotifyOfArrowDelete(const QString&) override { UpdateTitle(); }
+    void NotifyOfArrowEdit(const QString&) override { UpdateTitle(); }
+    void NotifyOfGameEdit() override { UpdateTitle(); }
+    void NotifyOfGroupAdd(const QString&) override { UpdateTitle(); }
+    void NotifyOfGroupDelete(const QString&) override { UpdateTitle(); }
+    void NotifyOfGroupSwitch(const QString&, const QString&) override;
+    void NotifyOfMapAdd(const QString&) override;
+    void NotifyOfMapDelete(const QString&) override;
+    void NotifyOfMapEdit(const QString&) override;
+    void NotifyOfMapSwitch(const QString&, const QString&) override;
+    void NotifyOfNewContext() override;
+    void NotifyOfNewGame() override;
+    void NotifyOfUnitAdd(const QString&) override { UpdateTitle(); }
+    void NotifyOfUnitDelete(const QString&) override { UpdateTitle(); }
+    void NotifyOfUnitEdit(const QString&) override { UpdateTitle(); }
+
+protected:
+    // Offers a modified game for saving; Cancel keeps the window open.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void saveGeometry();
+
+    mdcBoard* m_board;
+    frmMapText* m_mapText;
+    UMapTabs* m_tabs;
+    UTokenPalette* m_palette;
+    CFileMenu* m_fileMenu;
+    CActionMenu* m_actionMenu;
+    CViewMenu* m_viewMenu;
+    CGameMenu* m_gameMenu;
+    CToolsMenu* m_toolsMenu;
+    CHelpMenu* m_helpMenu;
+};
