@@ -3,7 +3,9 @@
 // - save: the persistence manager's save to a file, against the same records
 //   encoded into a plain byte buffer and compressed with compress2 level 9;
 // - load: the persistence manager's load of that file, against uncompress of
-//   the same body decoded into plain structs with freshly generated ids.
+//   the same body decoded into plain structs with freshly generated ids;
+// - resave: a load followed by a save of the loaded game, as korvane-tool
+//   resave does, against zlib's inflate plus level-9 deflate of the same body.
 #include "BenchSession.h"
 #include "ThreadCpuClock.h"
 #include "core/CKorvane.h"
@@ -502,6 +504,57 @@ void BM_SaveAndLoadAgainstBaselines(benchmark::State& state)
     state.counters["load_ratio"] = milliseconds(load) / milliseconds(loadBase);
 }
 BENCHMARK(BM_SaveAndLoadAgainstBaselines)->Unit(benchmark::kMillisecond)->Iterations(8);
+
+void BM_ResaveAgainstInflateDeflate(benchmark::State& state)
+{
+    CKorvane& root = Root();
+    const std::shared_ptr<CGame> game = buildGame();
+    const QString directory = CUtility::GetAppPath() + QStringLiteral("games/");
+    CUtility::BuildDirectory(directory);
+    const QString path = directory + QStringLiteral("resave.krf");
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    const QByteArray saved = CGameFile::ToBytes(*game, root.Context()->Id());
+    file.write(saved);
+    file.close();
+    CGameFile::Header header;
+    CGameFile::ReadHeader(saved, header, nullptr);
+    const auto* packed = reinterpret_cast<const Bytef*>(saved.constData()) + header.BodyOffset;
+    const auto packedLength = static_cast<uLong>(saved.size() - header.BodyOffset);
+
+    // Thread CPU time for the ratio; wall time besides, which also holds the
+    // wait for the disk when the save is flushed.
+    Clock::duration resave{}, base{};
+    std::chrono::steady_clock::duration resaveWall{};
+    for (auto _ : state) {
+        const auto wall = std::chrono::steady_clock::now();
+        auto t = Clock::now();
+        if (!root.PersistMgr().LoadGameFromFile(path) || !root.PersistMgr().SaveCurrentGame()) {
+            state.SkipWithError("the game could not be resaved");
+            return;
+        }
+        resave += Clock::now() - t;
+        resaveWall += std::chrono::steady_clock::now() - wall;
+
+        t = Clock::now();
+        std::vector<unsigned char> body(static_cast<std::size_t>(header.BodyLength));
+        uLongf length = body.size();
+        uncompress(body.data(), &length, packed, packedLength);
+        benchmark::DoNotOptimize(compressPlain(body));
+        base += Clock::now() - t;
+
+        state.PauseTiming();
+        root.SetGame(nullptr);
+        state.ResumeTiming();
+    }
+    const double n = static_cast<double>(state.iterations());
+    state.counters["resave_ms"] = milliseconds(resave) / n;
+    state.counters["resave_wall_ms"] =
+        std::chrono::duration<double, std::milli>(resaveWall).count() / n;
+    state.counters["base_ms"] = milliseconds(base) / n;
+    state.counters["resave_ratio"] = milliseconds(resave) / milliseconds(base);
+}
+BENCHMARK(BM_ResaveAgainstInflateDeflate)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 } // namespace
 

@@ -2,8 +2,14 @@
 
 #include "CTool.h"
 #include "CToolSession.h"
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "persist/CGameFile.h"
+#include "persist/CPersistMgr.h"
 
 #include <QTextStream>
+
+#include <cstdio>
 
 QString CResaveCommand::Summary() const
 {
@@ -27,7 +33,17 @@ void CResaveCommand::Run(CToolSession& session, const QCommandLineParser& parser
 {
     const QString output = CTool::RequiredOption(parser, QStringLiteral("output"));
     const CToolSession::LoadedGame loaded = session.LoadGame(arguments.constFirst());
-    CToolSession::WriteOutputFile(output,
-                                  CToolSession::GameFileBytes(*loaded.Game, *loaded.Context));
+    QStringList lossyTexts;
+    const QByteArray bytes = CGameFile::ToBytes(
+        *loaded.Game, CContextMgr::TranslateInternalId(loaded.Context->Id()), &lossyTexts);
+    if (!lossyTexts.isEmpty()) {
+        // The file is still written: a warning, not a failure.
+        QTextStream err(stderr);
+        err << "Warning: " << lossyTexts.size()
+            << (lossyTexts.size() == 1 ? " text holds" : " texts hold")
+            << " characters a game file cannot keep, saved as \"?\": "
+            << CPersistMgr::LossyTextsSummary(lossyTexts, 5, QStringLiteral(", ")) << '\n';
+    }
+    CToolSession::WriteOutputFile(output, bytes);
     out << "Wrote " << output << '\n';
 }

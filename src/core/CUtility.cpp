@@ -7,7 +7,6 @@
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryFile>
-#include <QUuid>
 
 #include <chrono>
 
@@ -46,10 +45,21 @@ QString userStateDir()
 
 QString CUtility::GenerateId()
 {
-    // WithoutBraces gives 8-4-4-4-12; dropping the hyphens keeps the order.
-    QString text = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    text.remove(QLatin1Char('-'));
-    return text.toUpper();
+    // A version 4 UUID as 32 upper-case hex digits. The bits come from the
+    // global generator, seeded once from the system: asking the system for
+    // every id (QUuid::createUuid) cost a loaded game most of its reading
+    // time, one id per map and unit.
+    QRandomGenerator* random = QRandomGenerator::global();
+    const quint64 high = (random->generate64() & ~quint64(0xF000)) | 0x4000;
+    const quint64 low = (random->generate64() & ~(quint64(3) << 62)) | (quint64(2) << 62);
+    static constexpr char digits[] = "0123456789ABCDEF";
+    QString text(32, Qt::Uninitialized);
+    QChar* out = text.data();
+    for (int i = 0; i < 16; ++i) {
+        out[i] = QLatin1Char(digits[(high >> (60 - 4 * i)) & 0xF]);
+        out[16 + i] = QLatin1Char(digits[(low >> (60 - 4 * i)) & 0xF]);
+    }
+    return text;
 }
 
 bool CUtility::IsPortable()

@@ -119,10 +119,18 @@ void CGame::RestoreFrom(CInputStream& stream)
     const std::int32_t count = in.IntegerCount(QStringLiteral("map groups"), groupEntryBytes);
     m_groups.Clear();
     m_activeGroup.reset();
+    std::int64_t mapCount = 0;
     for (std::int32_t i = 0; i < count; ++i) {
         auto group = std::make_shared<CMapGroup>(in.SmallString());
         m_groups.AddItem(group);
         group->RestoreFrom(in);
+        // Checked group by group, so at most one group's maps lie beyond the limit.
+        mapCount += group->Maps().Count();
+        if (mapCount > MaximumMapCount)
+            in.Fail(CRecordReader::InvalidFormatError,
+                    QStringLiteral("The game holds more than %1 maps, more than Korvane can "
+                                   "open")
+                        .arg(MaximumMapCount));
     }
     if (m_groups.Count() > 0)
         SwitchTo(m_groups.Item(m_groups.Count()));

@@ -19,6 +19,9 @@ class CGame
 {
 public:
     static constexpr std::int16_t RecordVersion = 2;
+    // Reading refuses a game of more maps: every map costs memory even when
+    // empty, and no game played a map per turn comes near it.
+    static constexpr std::int32_t MaximumMapCount = 250000;
 
     explicit CGame(QString id);
     ~CGame();

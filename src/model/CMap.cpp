@@ -74,18 +74,33 @@ std::int32_t tokenPosition(const IGameContext& context, const IToken& token)
 
 } // namespace
 
-CMap::CMap(QString id, QString groupId)
-    : m_id(std::move(id)), m_groupId(std::move(groupId)),
-      m_units(std::make_unique<CVector<CUnit>>()), m_arrows(std::make_unique<CVector<CArrow>>()),
-      m_swapFile(CUtility::GetCacheDir() + CUtility::GenerateId() + QStringLiteral(".tmp"))
-{}
+CMap::CMap(QString id, QString groupId) : m_id(std::move(id)), m_groupId(std::move(groupId)) {}
 
 CMap::~CMap()
 {
-    if (m_swapWritten) {
-        QFile::remove(m_swapFile);
-        writtenSwapFiles().remove(m_swapFile);
-    }
+    removeSwapFile();
+}
+
+void CMap::removeSwapFile()
+{
+    if (!m_swapWritten)
+        return;
+    QFile::remove(m_swapFile);
+    writtenSwapFiles().remove(m_swapFile);
+    m_swapWritten = false;
+}
+
+bool CMap::isEmpty() const
+{
+    return (!m_units || m_units->Count() == 0) && (!m_arrows || m_arrows->Count() == 0);
+}
+
+void CMap::ensureLists()
+{
+    if (!m_units)
+        m_units = std::make_unique<CVector<CUnit>>();
+    if (!m_arrows)
+        m_arrows = std::make_unique<CVector<CArrow>>();
 }
 
 CVector<CUnit>* CMap::Units() const
@@ -136,15 +151,21 @@ void CMap::AquireLock()
 {
     CTraceScope scope("AquireLock", "CMap");
     ++m_lockCount;
-    if (m_lockCount == 1 && m_swappedOut) {
+    if (m_lockCount != 1)
+        return;
+    if (m_swappedOut) {
+        Lists lists;
         try {
-            readSwapFile();
+            lists = readSwapFile();
         } catch (...) {
             --m_lockCount;
             throw;
         }
+        m_units = std::move(lists.Units);
+        m_arrows = std::move(lists.Arrows);
         m_swappedOut = false;
     }
+    ensureLists();
 }
 
 void CMap::ReleaseLock()
@@ -153,6 +174,14 @@ void CMap::ReleaseLock()
     --m_lockCount;
     if (m_lockCount != 0)
         return;
+    // An empty map needs no swap file: its (empty) lists are made again at
+    // the next lock, and an older swap file would only be stale.
+    if (isEmpty()) {
+        removeSwapFile();
+        m_units.reset();
+        m_arrows.reset();
+        return;
+    }
     try {
         writeSwapFile();
     } catch (...) {
@@ -170,7 +199,8 @@ void CMap::writeSwapFile()
     // (Long) and per unit its token's position in that list (Integer), the
     // unit id and the unit record; the arrow count (Long) and the arrow
     // records. The file is read back only by this process, while the same
-    // context is active, so the position alone identifies the token.
+    // context is active, so the position alone identifies the token, and
+    // texts are kept exactly (UTF-16), whatever the game file can hold.
     CKorvane* root = RootOrNull();
     const IGameContext* context = root ? root->Context().get() : nullptr;
     if (!context && m_units->Count() > 0)
@@ -180,6 +210,7 @@ void CMap::writeSwapFile()
     // One buffer serves every swap: it keeps its capacity between maps, so
     // switching allocates no large blocks.
     static COutputStream out;
+    out.SetExactText(true);
     out.SetOffset(0);
     out.WriteSmallString(context ? context->Id() : QString());
     out.WriteLong(context ? context->Tokens().Count() : 0);
@@ -194,6 +225,8 @@ void CMap::writeSwapFile()
     for (const auto& arrow : *m_arrows)
         arrow->SaveTo(out);
 
+    if (m_swapFile.isEmpty())
+        m_swapFile = CUtility::GetCacheDir() + CUtility::GenerateId() + QStringLiteral(".tmp");
     const QString directory = QFileInfo(m_swapFile).absolutePath();
     if (!CUtility::DirExists(directory))
         CUtility::BuildDirectory(directory);
@@ -218,7 +251,7 @@ void CMap::writeSwapFile()
     writtenSwapFiles().insert(m_swapFile);
 }
 
-void CMap::readSwapFile()
+CMap::Lists CMap::readSwapFile() const
 {
     const auto fail = [this](int number, const QString& reason) {
         throw KorvaneError(number, QStringLiteral("CMap.AquireLock"),
@@ -243,6 +276,7 @@ void CMap::readSwapFile()
     auto arrows = std::make_unique<CVector<CArrow>>();
     try {
         CRecordReader in(bytes.data(), static_cast<std::int32_t>(size), "CMap.AquireLock");
+        in.SetExactText(true);
         const QString contextId = in.SmallString();
         const std::int32_t tokenCount = in.Long();
         CKorvane* root = RootOrNull();
@@ -277,8 +311,7 @@ void CMap::readSwapFile()
         fail(error.Number(), error.Description());
     }
     units->SetIncrement(CVector<CUnit>::DefaultIncrement);
-    m_units = std::move(units);
-    m_arrows = std::move(arrows);
+    return {std::move(units), std::move(arrows)};
 }
 
 std::shared_ptr<IToken> CMap::ResolveToken(std::int32_t index, const QString& id)
@@ -296,37 +329,35 @@ std::shared_ptr<IToken> CMap::ResolveToken(std::int32_t index, const QString& id
     return position > 0 ? tokens.Item(position) : nullptr;
 }
 
-void CMap::SaveTo(COutputStream& stream)
+void CMap::SaveTo(COutputStream& stream) const
 {
     CTraceScope scope("SaveTo", "CMap");
-    AquireLock();
-    try {
-        checkStoredCount(m_units->Count(), "units");
-        checkStoredCount(m_arrows->Count(), "arrows");
-        stream.WriteInteger(RecordVersion);
-        stream.WriteSmallString(m_name);
-        stream.WriteSmallString(m_remarks);
-        stream.WriteString(m_text);
-        stream.WriteBoolean(m_frozen);
-        stream.WriteInteger(static_cast<std::int16_t>(m_units->Count()));
-        for (const auto& unit : *m_units) {
-            stream.WriteInteger(unit->Token()->Index());
-            stream.WriteSmallString(unit->Token()->Id());
-            unit->SaveTo(stream);
-        }
-        stream.WriteInteger(static_cast<std::int16_t>(m_arrows->Count()));
-        for (const auto& arrow : *m_arrows)
-            arrow->SaveTo(stream);
-    } catch (...) {
-        // The first failure is the one to report; the map stays locked if
-        // its release fails too, which loses nothing.
-        try {
-            ReleaseLock();
-        } catch (...) {
-        }
-        throw;
+    // A swapped-out map is read into lists of the moment; nothing of the
+    // map's own state changes, and no swap file is written.
+    Lists swapped;
+    if (m_swappedOut)
+        swapped = readSwapFile();
+    const CVector<CUnit>* units = m_swappedOut ? swapped.Units.get() : m_units.get();
+    const CVector<CArrow>* arrows = m_swappedOut ? swapped.Arrows.get() : m_arrows.get();
+    const std::int32_t unitCount = units ? units->Count() : 0;
+    const std::int32_t arrowCount = arrows ? arrows->Count() : 0;
+    checkStoredCount(unitCount, "units");
+    checkStoredCount(arrowCount, "arrows");
+    stream.WriteInteger(RecordVersion);
+    stream.WriteSmallString(m_name);
+    stream.WriteSmallString(m_remarks);
+    stream.WriteString(m_text);
+    stream.WriteBoolean(m_frozen);
+    stream.WriteInteger(static_cast<std::int16_t>(unitCount));
+    for (std::int32_t i = 1; i <= unitCount; ++i) {
+        const CUnit& unit = *units->Item(i);
+        stream.WriteInteger(unit.Token()->Index());
+        stream.WriteSmallString(unit.Token()->Id());
+        unit.SaveTo(stream);
     }
-    ReleaseLock();
+    stream.WriteInteger(static_cast<std::int16_t>(arrowCount));
+    for (std::int32_t i = 1; i <= arrowCount; ++i)
+        arrows->Item(i)->SaveTo(stream);
 }
 
 void CMap::RestoreFrom(CInputStream& stream)
@@ -345,10 +376,15 @@ void CMap::RestoreFrom(CRecordReader& in)
     QString text = in.String();
     const bool frozen = in.Boolean();
 
-    auto units = std::make_unique<CVector<CUnit>>();
+    // Empty lists are made only when the map is locked: a game of many
+    // empty maps then costs little more than the maps themselves.
+    std::unique_ptr<CVector<CUnit>> units;
     const std::int32_t unitCount = in.IntegerCount(QStringLiteral("units"), unitEntryBytes);
-    // One growth for the whole list instead of one per ten units.
-    units->SetIncrement(std::max(unitCount, CVector<CUnit>::DefaultIncrement));
+    if (unitCount > 0) {
+        units = std::make_unique<CVector<CUnit>>();
+        // One growth for the whole list instead of one per ten units.
+        units->SetIncrement(unitCount);
+    }
     for (std::int32_t i = 0; i < unitCount; ++i) {
         const std::int16_t tokenIndex = in.Integer();
         const QString tokenId = in.SmallString();
@@ -359,24 +395,30 @@ void CMap::RestoreFrom(CRecordReader& in)
         unit->RestoreFrom(in);
         units->AddItem(std::move(unit));
     }
-    auto arrows = std::make_unique<CVector<CArrow>>();
+    std::unique_ptr<CVector<CArrow>> arrows;
     const std::int32_t arrowCount =
         in.IntegerCount(QStringLiteral("arrows"), CArrow::MinimumRecordBytes);
+    if (arrowCount > 0)
+        arrows = std::make_unique<CVector<CArrow>>();
     for (std::int32_t i = 0; i < arrowCount; ++i) {
         auto arrow = std::make_shared<CArrow>(QString());
         arrow->RestoreFrom(in);
         arrows->AddItem(std::move(arrow));
     }
 
-    units->SetIncrement(CVector<CUnit>::DefaultIncrement);
+    if (units)
+        units->SetIncrement(CVector<CUnit>::DefaultIncrement);
     m_name = std::move(name);
     m_remarks = std::move(remarks);
     m_text = std::move(text);
     m_frozen = frozen;
     m_units = std::move(units);
     m_arrows = std::move(arrows);
+    if (m_lockCount > 0)
+        ensureLists();
     // What was read replaces whatever the swap file held.
     m_swappedOut = false;
+    removeSwapFile();
 }
 
 void CMap::RemoveLeftoverSwapFiles()

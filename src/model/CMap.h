@@ -26,8 +26,9 @@ public:
     static constexpr std::int16_t RecordVersion = 1;
     static constexpr std::int32_t MinimumRecordBytes = 12;
 
-    // groupId names the group the map was made for. The swap file is the
-    // cache directory plus a new identifier plus ".tmp".
+    // groupId names the group the map was made for. The swap file, named
+    // when the map first swaps out, is the cache directory plus a new
+    // identifier plus ".tmp".
     CMap(QString id, QString groupId);
     // Deletes the swap file if one was written.
     ~CMap() override;
@@ -53,11 +54,13 @@ public:
     void AquireLock();
     // The release that takes the count from 1 to 0 writes the swap file and
     // drops the lists; a failure to write raises a KorvaneError naming the
-    // file and keeps the map locked with its lists. A release without a lock
-    // takes the count below zero and does nothing else.
+    // file and keeps the map locked with its lists. A map without units and
+    // arrows writes no swap file and is not swapped out. A release without a
+    // lock takes the count below zero and does nothing else.
     void ReleaseLock();
     std::int32_t LockCount() const { return m_lockCount; }
     bool SwappedOut() const { return m_swappedOut; }
+    // Empty until the map first swaps out.
     const QString& SwapFile() const { return m_swapFile; }
 
     // The lists, or null while the map is not locked.
@@ -67,8 +70,10 @@ public:
     std::shared_ptr<CUnit> UnitById(const QString& id) const;
     std::shared_ptr<CArrow> ArrowById(const QString& id) const;
 
-    // Holds a lock while writing. Fails when a count does not fit the record.
-    void SaveTo(COutputStream& stream);
+    // Writes the lists where they are (a swapped-out map's are read from its
+    // swap file for the moment); locks and swap state do not change. Fails
+    // when a count does not fit the record.
+    void SaveTo(COutputStream& stream) const;
     // Reads a version 1 record, resolving every unit's token against the
     // active context. Fails with a KorvaneError on an unknown version, on
     // damaged or missing bytes and on a token that cannot be resolved; the
@@ -86,8 +91,16 @@ public:
     static void RemoveLeftoverSwapFiles();
 
 private:
+    struct Lists
+    {
+        std::unique_ptr<CVector<CUnit>> Units;
+        std::unique_ptr<CVector<CArrow>> Arrows;
+    };
     void writeSwapFile();
-    void readSwapFile();
+    Lists readSwapFile() const;
+    void removeSwapFile();
+    bool isEmpty() const;
+    void ensureLists();
 
     QString m_id;
     QString m_groupId;

@@ -8,6 +8,7 @@
 #include "persist/COutputStream.h"
 #include "persist/CRecordReader.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -79,6 +80,8 @@ void CMapGroup::RestoreFrom(CRecordReader& in)
     const bool frozen = in.Boolean();
     const std::int32_t count = in.IntegerCount(QStringLiteral("maps"), CMap::MinimumRecordBytes);
     CVector<CMap> maps;
+    // One growth for the whole list instead of one per ten maps.
+    maps.SetIncrement(std::max(count, CVector<CMap>::DefaultIncrement));
     for (std::int32_t i = 0; i < count; ++i) {
         auto map = std::make_shared<CMap>(CUtility::GenerateId(), m_id);
         map->RestoreFrom(in);
@@ -89,6 +92,7 @@ void CMapGroup::RestoreFrom(CRecordReader& in)
         m_activeMap->ReleaseLock();
         m_activeMap.reset();
     }
+    maps.SetIncrement(CVector<CMap>::DefaultIncrement);
     m_frozen = frozen;
     m_maps = std::move(maps);
     if (m_maps.Count() > 0)

@@ -13,6 +13,8 @@ constexpr std::array<char16_t, 32> highTable = {
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
+// The byte for c, or 0 when the code page has none (0 itself is ASCII and
+// never comes here).
 char encodeOne(char16_t c)
 {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
@@ -24,7 +26,7 @@ char encodeOne(char16_t c)
     // The undefined bytes round-trip through their C1 controls.
     if (c >= 0x80 && c <= 0x9F && highTable[c - 0x80] == 0)
         return static_cast<char>(c);
-    return '?';
+    return 0;
 }
 
 } // namespace
@@ -36,7 +38,7 @@ QByteArray CAnsiCodec::Encode(QStringView text)
     return bytes;
 }
 
-void CAnsiCodec::EncodeInto(QStringView text, unsigned char* destination)
+bool CAnsiCodec::EncodeInto(QStringView text, unsigned char* destination)
 {
     const char16_t* in = text.utf16();
     const qsizetype n = text.size();
@@ -52,8 +54,16 @@ void CAnsiCodec::EncodeInto(QStringView text, unsigned char* destination)
         destination[i + 2] = static_cast<unsigned char>(four >> 32);
         destination[i + 3] = static_cast<unsigned char>(four >> 48);
     }
-    for (; i < n; ++i)
-        destination[i] = static_cast<unsigned char>(encodeOne(in[i]));
+    bool exact = true;
+    for (; i < n; ++i) {
+        char byte = encodeOne(in[i]);
+        if (byte == 0 && in[i] != 0) {
+            byte = '?';
+            exact = false;
+        }
+        destination[i] = static_cast<unsigned char>(byte);
+    }
+    return exact;
 }
 
 QString CAnsiCodec::Decode(const unsigned char* bytes, qsizetype length)

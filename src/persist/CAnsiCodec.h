@@ -11,8 +11,9 @@ class CAnsiCodec
 {
 public:
     static QByteArray Encode(QStringView text);
-    // Writes exactly text.size() bytes to destination.
-    static void EncodeInto(QStringView text, unsigned char* destination);
+    // Writes exactly text.size() bytes to destination. False when some
+    // character had to be written as "?".
+    static bool EncodeInto(QStringView text, unsigned char* destination);
     static QString Decode(const unsigned char* bytes, qsizetype length);
     static QString Decode(const QByteArray& bytes);
 };

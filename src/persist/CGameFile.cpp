@@ -26,11 +26,18 @@ void setError(QString* error, const QString& text)
 
 } // namespace
 
-QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId)
+QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId, QStringList* lossyTexts)
 {
     CTraceScope scope("GameToStream", "CGameFile");
     COutputStream body;
+    QStringList lossy;
+    body.CollectLossyTexts(&lossy);
     game.SaveTo(body);
+    body.CollectLossyTexts(nullptr);
+    if (lossyTexts) {
+        lossy.removeDuplicates();
+        *lossyTexts = std::move(lossy);
+    }
     // Trim the body to its content; the header declares that length.
     body.Resize(body.Offset(), true);
     const std::int32_t bodyLength = body.Size();
@@ -90,23 +97,27 @@ std::shared_ptr<CGame> CGameFile::FromBytes(const QByteArray& bytes, QString* er
     const std::int64_t packedLength = bytes.size() - header.BodyOffset;
     if (header.BodyLength <= 0 || header.BodyLength > MaximumBodyLength ||
         header.BodyLength > packedLength * MaximumExpansion) {
+        // Shown as stored, unsigned: a Long of 2 GiB reads as negative.
         setError(error, QStringLiteral("its declared body length (%1 bytes) cannot be right")
-                            .arg(header.BodyLength));
+                            .arg(static_cast<std::uint32_t>(header.BodyLength)));
         return nullptr;
     }
 
-    const CInputStream packed = CInputStream::FromBytes(bytes.mid(header.BodyOffset));
-    CZlib zlib;
-    std::int32_t inflated = header.BodyLength;
-    std::unique_ptr<CInputStream> body = zlib.Decompact(packed, inflated);
-    if (zlib.LastResult() != Z_OK || inflated != header.BodyLength) {
+    // The declared length bounds the inflation; the buffer grows only with
+    // what actually comes out, so a false length costs nothing up front.
+    std::vector<unsigned char> inflated;
+    const int result = CZlib::InflateBounded(
+        reinterpret_cast<const unsigned char*>(bytes.constData()) + header.BodyOffset,
+        static_cast<std::size_t>(packedLength), header.BodyLength, inflated);
+    if (result != Z_OK || inflated.size() != static_cast<std::size_t>(header.BodyLength)) {
         setError(error, QStringLiteral("its compressed body is damaged"));
         return nullptr;
     }
+    CInputStream body = CInputStream::FromBuffer(std::move(inflated));
 
     auto game = std::make_shared<CGame>(CUtility::GenerateId());
     try {
-        game->RestoreFrom(*body);
+        game->RestoreFrom(body);
     } catch (const KorvaneError& failure) {
         setError(error, failure.Description());
         return nullptr;

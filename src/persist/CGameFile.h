@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <memory>
@@ -30,7 +31,11 @@ public:
     // ContextIdFromFile looks no further than this.
     static constexpr std::int32_t HeaderProbeLength = 260;
 
-    static QByteArray ToBytes(CGame& game, const QString& storedContextId);
+    // The file image of game. Texts the file's code page cannot hold whole
+    // are written with "?" for what it lacks; lossyTexts, when given,
+    // receives each such text once.
+    static QByteArray ToBytes(CGame& game, const QString& storedContextId,
+                              QStringList* lossyTexts = nullptr);
 
     // Reads the magic, the stored context id and the body length. False,
     // with a reason, when the bytes are not a game file.

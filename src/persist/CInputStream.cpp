@@ -44,6 +44,15 @@ CInputStream CInputStream::FromBytes(const QByteArray& bytes)
     return stream;
 }
 
+CInputStream CInputStream::FromBuffer(std::vector<unsigned char>&& buffer)
+{
+    CInputStream stream;
+    stream.m_size = static_cast<std::int32_t>(buffer.size());
+    stream.m_buffer = std::move(buffer);
+    stream.m_initialized = true;
+    return stream;
+}
+
 void CInputStream::Resize(std::int32_t newSize, bool preserve)
 {
     if (newSize <= 0)

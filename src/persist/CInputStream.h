@@ -20,6 +20,8 @@ public:
     void Constructor(std::int32_t size, const QString& fileName);
     // A stream over a copy of bytes (convenience for in-memory data).
     static CInputStream FromBytes(const QByteArray& bytes);
+    // A stream that takes over buffer.
+    static CInputStream FromBuffer(std::vector<unsigned char>&& buffer);
 
     bool Initialized() const { return m_initialized; }
     std::int32_t Size() const { return m_size; }

@@ -101,12 +101,31 @@ void COutputStream::writeText(const QString& s, qsizetype length)
         return;
     const auto n = static_cast<std::int32_t>(length);
     ensureCapacity(n);
-    CAnsiCodec::EncodeInto(QStringView(s).first(length), m_buffer.data() + m_offset);
+    if (!CAnsiCodec::EncodeInto(QStringView(s).first(length), m_buffer.data() + m_offset) &&
+        m_lossyTexts)
+        m_lossyTexts->append(s);
     m_offset += n;
+}
+
+void COutputStream::writeExactText(const QString& s)
+{
+    if (s.size() > INT32_MAX / 2)
+        throw KorvaneError(6, QStringLiteral("COutputStream.Write"), QStringLiteral("Overflow"));
+    const auto n = static_cast<std::int32_t>(s.size());
+    if (n < 255) {
+        WriteByte(static_cast<std::uint8_t>(n));
+    } else {
+        WriteByte(255);
+        WriteLong(n);
+    }
+    if (n > 0)
+        writeRaw(s.utf16(), 2 * n);
 }
 
 void COutputStream::WriteSmallString(const QString& s)
 {
+    if (m_exactText)
+        return writeExactText(s);
     const qsizetype n = std::min<qsizetype>(s.size(), 255);
     WriteByte(static_cast<std::uint8_t>(n));
     writeText(s, n);
@@ -114,6 +133,8 @@ void COutputStream::WriteSmallString(const QString& s)
 
 void COutputStream::WriteString(const QString& s)
 {
+    if (m_exactText)
+        return writeExactText(s);
     const qsizetype n = std::min<qsizetype>(s.size(), 32767);
     WriteInteger(static_cast<std::int16_t>(n));
     writeText(s, n);
@@ -121,6 +142,8 @@ void COutputStream::WriteString(const QString& s)
 
 void COutputStream::WriteBigString(const QString& s)
 {
+    if (m_exactText)
+        return writeExactText(s);
     if (s.size() > INT32_MAX)
         throw KorvaneError(6, QStringLiteral("COutputStream.WriteBigString"),
                            QStringLiteral("Overflow"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <vector>
@@ -36,6 +37,14 @@ public:
     // Writes all Size bytes, whatever Offset is. False when the device refused them.
     bool DumpToFile(QIODevice& file) const;
 
+    // Exact text, for data this process alone reads back (swap files): every
+    // string is written uncut as its length in UTF-16 units (a Byte, or 255
+    // followed by a Long) and those units. CRecordReader reads it back.
+    void SetExactText(bool exact) { m_exactText = exact; }
+    // While set, every text written that the code page cannot hold whole is
+    // appended to texts (once per text written).
+    void CollectLossyTexts(QStringList* texts) { m_lossyTexts = texts; }
+
     void WriteSmallString(const QString& s);
     void WriteString(const QString& s);
     void WriteBigString(const QString& s);
@@ -52,10 +61,13 @@ private:
     void ensureCapacity(std::int32_t count);
     void writeRaw(const void* data, std::int32_t count);
     void writeText(const QString& s, qsizetype length);
+    void writeExactText(const QString& s);
 
     bool m_initialized = false;
     std::vector<unsigned char> m_buffer;
     std::int32_t m_size = -1;
     std::int32_t m_offset = 0;
     std::int32_t m_addressMark = 0;
+    bool m_exactText = false;
+    QStringList* m_lossyTexts = nullptr;
 };

@@ -115,17 +115,52 @@ bool CPersistMgr::save(bool askForName)
     const QScopedValueRollback<bool> busy(m_saving, true);
     // Held here so the game outlives the save whatever the dialogs do.
     const std::shared_ptr<CGame> game = Root().Game();
+    // The image comes first, so that a player who does not want texts
+    // changed can stop before a name is asked for or a file touched.
+    QByteArray image;
+    QStringList lossyTexts;
+    const bool built = GameToStream(image, lossyTexts);
+    if (built && !lossyTexts.isEmpty() && !MayChangeTexts(lossyTexts))
+        return false;
     if (askForName || game->Directory().isEmpty() || game->File().isEmpty()) {
         if (!SelectFileToSave())
             return false;
     }
-    if (!WriteGameFile()) {
+    if (!built || !WriteGameFile(image)) {
         tell(QStringLiteral("Disk write error!"), FMessageBox::Icon::Critical);
         return false;
     }
     game->SetDirty(0);
     Root().ActionMgr().Clear();
     return true;
+}
+
+QString CPersistMgr::LossyTextsSummary(const QStringList& texts, qsizetype shown,
+                                       const QString& separator)
+{
+    QStringList quoted;
+    for (const QString& text : texts.first(std::min(shown, texts.size())))
+        quoted << QLatin1Char('"') + text + QLatin1Char('"');
+    QString summary = quoted.join(separator);
+    if (texts.size() > shown)
+        summary += separator + QStringLiteral("and %1 more").arg(texts.size() - shown);
+    return summary;
+}
+
+bool CPersistMgr::MayChangeTexts(const QStringList& texts) const
+{
+    FMessageBox* box = messages();
+    if (!box)
+        return true;
+    const QString question =
+        QStringLiteral("Game files keep texts in the Western (Windows-1252) character set. "
+                       "These texts hold characters outside it, which will be saved as \"?\":"
+                       "\n\n") +
+        LossyTextsSummary(texts, 10, QStringLiteral("\n")) +
+        QStringLiteral("\n\nDo you want to save the game anyway?");
+    return box->Question(CKorvane::Name(), question, FMessageBox::Buttons::YesNo,
+                         FMessageBox::Icon::Exclamation,
+                         FMessageBox::Answer::Yes) == FMessageBox::Answer::Yes;
 }
 
 bool CPersistMgr::AbandonCurrentGame()
@@ -179,19 +214,12 @@ bool CPersistMgr::SelectFileToSave()
     return true;
 }
 
-QByteArray CPersistMgr::GameToStream() const
+bool CPersistMgr::GameToStream(QByteArray& image, QStringList& lossyTexts) const
 {
+    CTraceScope scope("GameToStream", "CPersistMgr");
     const QString storedId = CContextMgr::TranslateInternalId(Root().Context()->Id());
-    return CGameFile::ToBytes(*Root().Game(), storedId);
-}
-
-bool CPersistMgr::WriteGameFile()
-{
-    CTraceScope scope("WriteGameFile", "CPersistMgr");
-    const CGame& game = *Root().Game();
-    QByteArray image;
     try {
-        image = GameToStream();
+        image = CGameFile::ToBytes(*Root().Game(), storedId, &lossyTexts);
     } catch (const KorvaneError& failure) {
         scope.Denote(failure.Description());
         return false;
@@ -199,7 +227,13 @@ bool CPersistMgr::WriteGameFile()
         scope.Denote(QStringLiteral("Out of memory"));
         return false;
     }
+    return true;
+}
 
+bool CPersistMgr::WriteGameFile(const QByteArray& image)
+{
+    CTraceScope scope("WriteGameFile", "CPersistMgr");
+    const CGame& game = *Root().Game();
     const QString target = joinPath(game.Directory(), game.File(), game.Extension());
     scope.Denote(QStringLiteral("Target = ") + target);
     // The new file replaces the old one in a single rename, so any failure

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -23,7 +24,9 @@ public:
     // Saves under the game's file name, asking for one first when it has
     // none. True when the file was written: the game is then clean and the
     // undo history empty. A failed write shows "Disk write error!" and keeps
-    // the game dirty with its history.
+    // the game dirty with its history. Texts the file cannot hold whole are
+    // named in a question first; No cancels the save (without a message box
+    // the game is saved).
     bool SaveCurrentGame();
     // Like SaveCurrentGame, always asking for the name.
     bool SaveCurrentGameAs();
@@ -44,6 +47,10 @@ public:
     // Asks for a game file to open; the full path, or "" when cancelled.
     QString SelectFileToOpen();
 
+    // The first shown texts quoted, joined by separator, and "and N more".
+    static QString LossyTextsSummary(const QStringList& texts, qsizetype shown,
+                                     const QString& separator);
+
 private:
     bool save(bool askForName);
     // Every save passes here first: there must be a game and an active
@@ -51,8 +58,11 @@ private:
     // window events through while it is open).
     bool MaySave() const;
     bool SelectFileToSave();
-    QByteArray GameToStream() const;
-    bool WriteGameFile();
+    // The file image of the current game and the texts it cannot hold
+    // whole. False when the game cannot be written (too many units).
+    bool GameToStream(QByteArray& image, QStringList& lossyTexts) const;
+    bool MayChangeTexts(const QStringList& texts) const;
+    bool WriteGameFile(const QByteArray& image);
     void refuseFile(const QString& fileName, const QString& reason) const;
 
     bool m_saving = false;

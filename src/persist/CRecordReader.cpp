@@ -4,6 +4,8 @@
 #include "persist/CAnsiCodec.h"
 #include "persist/CInputStream.h"
 
+#include <cstring>
+
 CRecordReader::CRecordReader(const unsigned char* data, std::int32_t size, const char* source)
     : m_source(source), m_data(data), m_size(data && size > 0 ? size : 0)
 {}
@@ -40,29 +42,55 @@ void CRecordReader::failTruncated() const
                                         "the file is truncated or damaged"));
 }
 
-QString CRecordReader::text(std::int32_t length)
+QString CRecordReader::decode(const unsigned char* bytes, std::int32_t byteCount) const
 {
-    need(length);
+    if (!m_exactText)
+        return CAnsiCodec::Decode(bytes, byteCount);
+    QString text(byteCount / 2, Qt::Uninitialized);
+    std::memcpy(text.data(), bytes, static_cast<std::size_t>(byteCount));
+    return text;
+}
+
+QString CRecordReader::text(std::int32_t byteCount)
+{
+    need(byteCount);
     const unsigned char* bytes = m_data + m_offset;
-    m_offset += length;
-    if (length == 0)
+    m_offset += byteCount;
+    if (byteCount == 0)
         return QString();
-    if (length > static_cast<std::int32_t>(Interned{}.bytes.size()))
-        return CAnsiCodec::Decode(bytes, length);
+    if (byteCount > static_cast<std::int32_t>(Interned{}.bytes.size()))
+        return decode(bytes, byteCount);
     std::uint32_t hash = 2166136261u;
-    for (std::int32_t i = 0; i < length; ++i)
+    for (std::int32_t i = 0; i < byteCount; ++i)
         hash = (hash ^ bytes[i]) * 16777619u;
-    Interned& slot = m_interned[(hash ^ static_cast<std::uint32_t>(length)) % internSlots];
-    if (slot.length != length || std::memcmp(slot.bytes.data(), bytes, length) != 0) {
-        slot.length = static_cast<std::uint8_t>(length);
-        std::memcpy(slot.bytes.data(), bytes, length);
-        slot.text = CAnsiCodec::Decode(bytes, length);
+    Interned& slot = m_interned[(hash ^ static_cast<std::uint32_t>(byteCount)) % internSlots];
+    if (slot.length != byteCount || std::memcmp(slot.bytes.data(), bytes, byteCount) != 0) {
+        slot.length = static_cast<std::uint8_t>(byteCount);
+        std::memcpy(slot.bytes.data(), bytes, byteCount);
+        slot.text = decode(bytes, byteCount);
     }
     return slot.text;
 }
 
+QString CRecordReader::exactText()
+{
+    need(1);
+    std::int64_t length = m_data[m_offset];
+    ++m_offset;
+    if (length == 255)
+        length = Long();
+    if (length < 0)
+        Fail(InvalidFormatError,
+             QStringLiteral("A text of negative length (%1) was found: the file is damaged")
+                 .arg(length));
+    need(2 * length);
+    return text(static_cast<std::int32_t>(2 * length));
+}
+
 QString CRecordReader::SmallString()
 {
+    if (m_exactText)
+        return exactText();
     need(1);
     const std::uint8_t length = m_data[m_offset];
     ++m_offset;
@@ -71,6 +99,8 @@ QString CRecordReader::SmallString()
 
 QString CRecordReader::String()
 {
+    if (m_exactText)
+        return exactText();
     const std::int16_t length = Integer();
     if (length < 0)
         Fail(InvalidFormatError,

@@ -47,6 +47,9 @@ public:
 
     std::int32_t Remaining() const { return m_size - m_offset; }
 
+    // Reads strings in the exact layout of COutputStream::SetExactText.
+    void SetExactText(bool exact) { m_exactText = exact; }
+
     // Names the record being read in the errors raised while it lives.
     class Section
     {
@@ -79,7 +82,10 @@ private:
             failTruncated();
     }
     [[noreturn]] void failTruncated() const;
-    QString text(std::int32_t length);
+    // byteCount bytes of text, in the reader's encoding.
+    QString text(std::int32_t byteCount);
+    QString decode(const unsigned char* bytes, std::int32_t byteCount) const;
+    QString exactText();
     std::int32_t checkCount(std::int64_t count, const QString& items,
                             std::int32_t minimumBytes) const;
 
@@ -97,5 +103,6 @@ private:
     const unsigned char* m_data = nullptr;
     std::int32_t m_size = 0;
     std::int32_t m_offset = 0;
+    bool m_exactText = false;
     std::array<Interned, internSlots> m_interned;
 };

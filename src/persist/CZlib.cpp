@@ -46,3 +46,54 @@ std::unique_ptr<CInputStream> CZlib::Decompact(const CInputStream& source,
     uncompressedSize = static_cast<std::int32_t>(destinationLength);
     return plain;
 }
+
+int CZlib::InflateBounded(const unsigned char* data, std::size_t size, std::int32_t maximumLength,
+                          std::vector<unsigned char>& out)
+{
+    out.clear();
+    if (maximumLength <= 0)
+        return Z_BUF_ERROR;
+    const auto limit = static_cast<std::size_t>(maximumLength);
+    z_stream stream{};
+    if (inflateInit(&stream) != Z_OK)
+        return Z_MEM_ERROR;
+    // A first guess from the usual ratio of game bodies; doubled as needed.
+    out.resize(std::min(limit, std::max<std::size_t>(std::size_t(1) << 16, size * 8)));
+    stream.next_in = const_cast<Bytef*>(data);
+    std::size_t produced = 0;
+    std::size_t consumed = 0;
+    int result = Z_OK;
+    while (result == Z_OK) {
+        if (produced == out.size()) {
+            if (out.size() == limit) {
+                // Full at the bound: anything more would exceed it.
+                unsigned char probe = 0;
+                stream.next_out = &probe;
+                stream.avail_out = 1;
+                result = inflate(&stream, Z_NO_FLUSH);
+                result =
+                    result == Z_STREAM_END && stream.avail_out == 1 ? Z_STREAM_END : Z_BUF_ERROR;
+                break;
+            }
+            out.resize(std::min(limit, out.size() * 2));
+        }
+        // zlib counts in 32-bit units; feed at most 1 GiB at a time.
+        const auto inChunk = static_cast<uInt>(std::min<std::size_t>(size - consumed, 1u << 30));
+        const auto outChunk =
+            static_cast<uInt>(std::min<std::size_t>(out.size() - produced, 1u << 30));
+        stream.next_in = const_cast<Bytef*>(data + consumed);
+        stream.avail_in = inChunk;
+        stream.next_out = out.data() + produced;
+        stream.avail_out = outChunk;
+        result = inflate(&stream, Z_NO_FLUSH);
+        consumed += inChunk - stream.avail_in;
+        produced += outChunk - stream.avail_out;
+        if (result == Z_OK && stream.avail_in == 0 && consumed == size && stream.avail_out > 0)
+            result = Z_BUF_ERROR; // the data ends before the stream does
+        if (result == Z_BUF_ERROR && stream.avail_out == 0)
+            result = Z_OK; // only the room ran out
+    }
+    inflateEnd(&stream);
+    out.resize(produced);
+    return result == Z_STREAM_END ? Z_OK : result;
+}

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 class CInputStream;
 class COutputStream;
@@ -23,6 +25,15 @@ public:
     // receives the length zlib produced.
     std::unique_ptr<CInputStream> Decompact(const CInputStream& source,
                                             std::int32_t& uncompressedSize);
+
+    // Inflates size bytes of a zlib stream that must come to at most
+    // maximumLength bytes, into out. The buffer grows with what inflation
+    // actually yields, so a length declared by damaged or hostile data is
+    // never allocated up front. Z_OK when the stream ended within the bound;
+    // Z_BUF_ERROR when it is cut short or would exceed maximumLength; else
+    // zlib's error. out holds what came out either way.
+    static int InflateBounded(const unsigned char* data, std::size_t size,
+                              std::int32_t maximumLength, std::vector<unsigned char>& out);
 
     // zlib's return code of the last Compact or Decompact (Z_OK is 0).
     int LastResult() const { return m_lastResult; }

@@ -21,21 +21,24 @@ protected:
         group->SwitchTo(a);
         addUnit(*a, QStringLiteral("INF"), 10, 20, QStringLiteral("x3"), QStringLiteral("3"));
         addUnit(*a, QStringLiteral("ARROW"), -5, 7000, QString(), QString(), true);
-        addUnit(*a, QStringLiteral("TANK"), 1, 2, QStringLiteral("Panzer \xe9"), QString());
-        addUnit(*a, QStringLiteral("MARK"), 3, 4, QStringLiteral("x0"), QStringLiteral("0"));
+        // Texts the game file's code page cannot hold stay exact in swap files.
+        addUnit(*a, QStringLiteral("TANK"), 1, 2, QStringLiteral("Тигр"), QStringLiteral("戦車"));
+        addUnit(*a, QStringLiteral("MARK"), 3, 4, QString(300, QChar(0x263A)), QStringLiteral("0"));
         addArrow(*a, 100, 0xFF00FF);
         addArrow(*a, 200, 65535);
+        b->AquireLock();
+        addUnit(*b, QStringLiteral("TANK"), 9, 9, QStringLiteral("b"), QString());
+        b->ReleaseLock();
     }
 
     std::shared_ptr<CMapGroup> group;
     std::shared_ptr<CMap> a, b, c;
 };
 
-TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsAndOrderAcrossSwitches)
+TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsOrderAndExactTextsAcrossSwitches)
 {
     const QStringList aBefore = contents(*a);
     group->SwitchTo(b);
-    addUnit(*b, QStringLiteral("TANK"), 9, 9, QStringLiteral("b"), QString());
     const QStringList bBefore = contents(*b);
 
     EXPECT_EQ(a->LockCount(), 0);
@@ -45,9 +48,11 @@ TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsAndOrderAcrossSwitches)
     EXPECT_TRUE(QFile::exists(a->SwapFile()));
     EXPECT_EQ(QFileInfo(a->SwapFile()).path() + QLatin1Char('/'), CUtility::GetCacheDir());
 
-    group->SwitchTo(c);
-    group->SwitchTo(a);
-    EXPECT_EQ(contents(*a), aBefore);
+    for (int i = 0; i < 10; ++i) {
+        group->SwitchTo(i % 2 ? c : b);
+        group->SwitchTo(a);
+        ASSERT_EQ(contents(*a), aBefore) << "switch " << i;
+    }
     group->SwitchTo(b);
     EXPECT_EQ(contents(*b), bBefore);
 
@@ -65,16 +70,16 @@ TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsAndOrderAcrossSwitches)
 
 TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
 {
-    // A new map's list exists but is not handed out before a lock.
-    EXPECT_EQ(b->Units(), nullptr);
-    EXPECT_EQ(b->Arrows(), nullptr);
+    // A new map's lists are not handed out before a lock.
+    EXPECT_EQ(c->Units(), nullptr);
+    EXPECT_EQ(c->Arrows(), nullptr);
     b->AquireLock();
     b->AquireLock();
     ASSERT_NE(b->Units(), nullptr);
     addUnit(*b, QStringLiteral("TANK"), 1, 1, QString(), QString());
     b->ReleaseLock();
     EXPECT_FALSE(b->SwappedOut()) << "only the last release swaps out";
-    EXPECT_EQ(b->Units()->Count(), 1);
+    EXPECT_EQ(b->Units()->Count(), 2);
     b->ReleaseLock();
     EXPECT_TRUE(b->SwappedOut());
 
@@ -91,12 +96,25 @@ TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
     group->SwitchTo(a);
     EXPECT_EQ(a->LockCount(), 1);
     EXPECT_FALSE(a->SwappedOut());
+    EXPECT_TRUE(a->SwapFile().isEmpty());
+
+    // A map left empty needs no swap file, and an older one is removed.
+    group->SwitchTo(b);
+    ASSERT_TRUE(QFile::exists(a->SwapFile()));
+    group->SwitchTo(a);
+    a->Units()->Clear();
+    a->Arrows()->Clear();
+    group->SwitchTo(b);
+    EXPECT_FALSE(a->SwappedOut());
     EXPECT_FALSE(QFile::exists(a->SwapFile()));
+    group->SwitchTo(a);
+    EXPECT_EQ(a->Units()->Count() + a->Arrows()->Count(), 0);
 }
 
-TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
+// A swap file that cannot be read or written fails the switch and leaves
+// both maps as they were.
+TEST_F(MapSwap, swapFailuresFailTheSwitchAndKeepTheMapsAsTheyWere)
 {
-    group->SwitchTo(b);
     group->SwitchTo(c);
     QFile::remove(b->SwapFile());
     EXPECT_TRUE(errorOf([&] { group->SwitchTo(b); }).contains(QFileInfo(b->SwapFile()).fileName()));
@@ -105,9 +123,7 @@ TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
     EXPECT_EQ(b->LockCount(), 0);
     EXPECT_TRUE(b->SwappedOut());
 
-    // A damaged swap file fails the same way instead of producing junk units.
-    group->SwitchTo(a);
-    group->SwitchTo(c);
+    // A damaged one instead of junk units.
     QFile file(a->SwapFile());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     file.resize(file.size() / 2);
@@ -115,29 +131,19 @@ TEST_F(MapSwap, aSwapFileThatCannotBeReadFailsTheSwitchAndKeepsTheOldMap)
     EXPECT_THROW(a->AquireLock(), KorvaneError);
     EXPECT_EQ(a->LockCount(), 0);
     EXPECT_EQ(a->Units(), nullptr);
-}
 
-TEST_F(MapSwap, aSwapFileThatCannotBeWrittenKeepsTheMapLockedWithItsUnits)
-{
-    // A plain file where the cache directory should be.
-    home.WriteFile(QStringLiteral("cache"), "not a directory");
-    const QStringList before = contents(*a);
-    EXPECT_TRUE(errorOf([&] { a->ReleaseLock(); }).contains(QFileInfo(a->SwapFile()).fileName()));
-    EXPECT_EQ(a->LockCount(), 1);
-    EXPECT_FALSE(a->SwappedOut());
-    EXPECT_EQ(contents(*a), before);
-}
-
-TEST_F(MapSwap, swapFilesServeOnlyTheModuleThatWroteThem)
-{
-    group->SwitchTo(b);
-    // Another module with the same counters in the same places still differs.
+    // One written for another module, even with the same counters in the same places.
+    QFile::remove(a->SwapFile());
+    a = addMap(*group, QStringLiteral("A2"));
+    group->SwitchTo(a);
+    addUnit(*a, QStringLiteral("INF"), 1, 1, QString(), QString());
+    group->SwitchTo(c);
     auto other = std::make_shared<TestContext>(QStringLiteral("x"), QStringLiteral("krm_other_v1"));
     for (const auto& t : context->Tokens())
         other->AddToken(t->Class(), t->Id());
     Root().SetContext(other);
     EXPECT_THROW(group->SwitchTo(a), KorvaneError);
-    EXPECT_EQ(group->ActiveMap(), b);
+    EXPECT_EQ(group->ActiveMap(), c);
 
     // Units cannot be swapped out with no module to name their counters.
     Root().SetContext(context);
@@ -145,7 +151,17 @@ TEST_F(MapSwap, swapFilesServeOnlyTheModuleThatWroteThem)
     Root().SetContext(nullptr);
     EXPECT_THROW(group->SwitchTo(c), KorvaneError);
     EXPECT_EQ(a->LockCount(), 1);
-    EXPECT_EQ(a->Units()->Count(), 4);
+    EXPECT_EQ(a->Units()->Count(), 1);
+
+    // Nor written where a plain file takes the cache directory's place.
+    Root().SetContext(context);
+    QDir(CUtility::GetCacheDir()).removeRecursively();
+    home.WriteFile(QStringLiteral("cache"), "not a directory");
+    const QStringList before = contents(*a);
+    EXPECT_TRUE(errorOf([&] { a->ReleaseLock(); }).contains(QFileInfo(a->SwapFile()).fileName()));
+    EXPECT_EQ(a->LockCount(), 1);
+    EXPECT_FALSE(a->SwappedOut());
+    EXPECT_EQ(contents(*a), before);
 }
 
 TEST_F(MapSwap, swapFilesAreRemovedWithTheirMapAndAtShutDown)

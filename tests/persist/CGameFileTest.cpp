@@ -9,39 +9,32 @@ namespace {
 class GameFile : public ModelFixture
 {
 protected:
-    // A game with one group holding one empty map, as a new game starts.
+    // A game with one group holding one map, as a new game starts.
     std::shared_ptr<CGame> emptyGame(const QString& name = QStringLiteral("Game"))
     {
         auto game = std::make_shared<CGame>(CUtility::GenerateId());
         game->SetName(name);
         auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
         game->MapGroups().AddItem(group);
-        addMap(*group, QStringLiteral("Start"));
+        const auto map = addMap(*group, QStringLiteral("Start"));
+        map->SetRemarks(QStringLiteral("R"));
+        map->SetText(QStringLiteral("T"));
+        map->SetFrozen(true);
         game->SwitchTo(group);
         return game;
     }
-
-    static QByteArray smallString(const QByteArray& text) { return char(text.size()) + text; }
 };
 
 } // namespace
 
-TEST_F(GameFile, anEmptyGameIsWrittenExactlyAsTheFormatSays)
+TEST_F(GameFile, aGameWithOneMapIsWrittenExactlyAsTheFormatSays)
 {
     const auto game = emptyGame();
-    const QString groupId = game->MapGroups().Item(1)->Id();
-    const QByteArray body = QByteArray::fromHex("0200") + smallString(game->Id().toLatin1()) +
-                            smallString("Game") + smallString("") + QByteArray::fromHex("0100") +
-                            smallString(groupId.toLatin1()) +
-                            QByteArray::fromHex("0100"
-                                                "0000"
-                                                "0100") +
-                            QByteArray::fromHex("0100") + smallString("Start") + smallString("") +
-                            QByteArray::fromHex("0000"
-                                                "0000"
-                                                "0000"
-                                                "0000");
-    QByteArray expected = FileAround(body, "KRC");
+    Bytes body;
+    body.i16(2).small(game->Id().toLatin1()).small("Game").small("").i16(1);
+    body.small(game->MapGroups().Item(1)->Id().toLatin1()).i16(1).i16(0).i16(1);
+    body.i16(1).small("Start").small("R").text("T").i16(-1).i16(0).i16(0);
+    QByteArray expected = FileAround(body.data(), "KRC");
     while (expected.size() % 4 != 0)
         expected += '\0';
 

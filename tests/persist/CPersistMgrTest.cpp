@@ -2,9 +2,11 @@
 
 #include "actions/CActionGroup.h"
 #include "actions/CActionMgr.h"
+#include "actions/CMapLock.h"
 #include "contexts/IGameContext.h"
 #include "core/CConfiguration.h"
 #include "core/CUtility.h"
+#include "core/KorvaneError.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -16,10 +18,13 @@
 #include "tokens/IToken.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSet>
 
 #include <csignal>
+#include <cstring>
+#include <limits>
 #include <sys/resource.h>
 
 namespace {
@@ -67,50 +72,34 @@ protected:
     }
 
     // Everything a save keeps, one line per record, leaving out the ids that
-    // loading renews (maps, units of tokens that do not keep ids).
-    static QStringList describe(const CGame& game)
+    // loading renews (maps, units of tokens that do not keep ids); those go
+    // to renewed.
+    static QStringList describe(const CGame& game, QSet<QString>* renewed = nullptr)
     {
+        const auto n = [](std::int32_t v) { return QString::number(v); };
         QStringList lines{game.Id() + '|' + game.Name() + '|' + game.Remarks()};
         for (const auto& group : game.MapGroups()) {
-            lines << group->Id() + '|' + QString::number(group->Frozen());
+            lines << group->Id() + '|' + n(group->Frozen());
             for (const auto& map : group->Maps()) {
-                map->AquireLock();
+                const CMapLock lock(map);
                 lines << map->Name() + '|' + map->Remarks() + '|' + map->Text() + '|' +
-                             QString::number(map->Frozen());
-                for (const auto& u : *map->Units())
-                    lines << QStringList{u->Token()->PersistId() ? u->Id() : QString(),
-                                         u->Token()->Id(),
-                                         QString::number(u->x()),
-                                         QString::number(u->y()),
-                                         u->Caption(),
-                                         u->Data(),
-                                         QString::number(u->HasMoved())}
+                             n(map->Frozen());
+                if (renewed)
+                    *renewed << map->Id();
+                for (const auto& u : *map->Units()) {
+                    const bool kept = u->Token()->PersistId();
+                    if (renewed && !kept)
+                        *renewed << u->Id();
+                    lines << QStringList{kept ? u->Id() : "", u->Token()->Id(), n(u->x()),
+                                         n(u->y()),           u->Caption(),     u->Data(),
+                                         n(u->HasMoved())}
                                  .join('|');
+                }
                 for (const auto& a : *map->Arrows())
-                    lines << a->Id() + '|' + QString::number(a->HeadX()) + '|' +
-                                 QString::number(a->Color());
-                map->ReleaseLock();
+                    lines << a->Id() + '|' + n(a->HeadX()) + '|' + n(a->Color());
             }
         }
         return lines;
-    }
-
-    // The ids of every map and of every unit whose token does not keep ids.
-    static QSet<QString> renewableIds(const CGame& game)
-    {
-        QSet<QString> ids;
-        for (const auto& group : game.MapGroups()) {
-            for (const auto& map : group->Maps()) {
-                ids << map->Id();
-                map->AquireLock();
-                for (const auto& unit : *map->Units()) {
-                    if (!unit->Token()->PersistId())
-                        ids << unit->Id();
-                }
-                map->ReleaseLock();
-            }
-        }
-        return ids;
     }
 
     static QByteArray fileAround(const QByteArray& body)
@@ -182,15 +171,27 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
     ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
     const auto loaded = Root().Game();
     ASSERT_NE(loaded, game);
-    EXPECT_EQ(describe(*loaded), describe(*game));
-    EXPECT_TRUE(renewableIds(*loaded).intersect(renewableIds(*game)).isEmpty());
+    QSet<QString> renewedBefore, renewedAfter;
+    EXPECT_EQ(describe(*loaded, &renewedAfter), describe(*game, &renewedBefore));
+    EXPECT_FALSE(renewedAfter.intersects(renewedBefore));
     EXPECT_EQ(loaded->File(), QStringLiteral("campaign"));
     EXPECT_EQ(loaded->Extension(), QStringLiteral("krf"));
     EXPECT_EQ(loaded->Directory(), home.File(QStringLiteral("games/")));
     EXPECT_EQ(loaded->ActiveMapGroup(), loaded->MapGroups().Item(2));
     EXPECT_EQ(loaded->MapGroups().Item(1)->ActiveMap()->Name(), QStringLiteral("Turn 2"));
     EXPECT_EQ(loaded->MapGroups().Item(2)->ActiveMap()->Name(), QStringLiteral("Turn 4"));
+    EXPECT_EQ(loaded->MapGroups().Item(2)->Maps().Item(1)->GroupId(), second->Id());
     EXPECT_TRUE(gui->Boxes.Boxes.empty());
+
+    // Every cut of the body fails the read instead of giving a partial game.
+    COutputStream out;
+    game->SaveTo(out);
+    const QByteArray body(reinterpret_cast<const char*>(out.Address()), out.Offset());
+    for (qsizetype length = 0; length < body.size(); ++length) {
+        CInputStream cut = CInputStream::FromBytes(body.left(length));
+        CGame damaged(QStringLiteral("C"));
+        EXPECT_THROW(damaged.RestoreFrom(cut), KorvaneError) << "cut at " << length;
+    }
 }
 
 TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
@@ -229,39 +230,16 @@ TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
         }
         EXPECT_EQ(sizes, c.groupSizes);
         EXPECT_EQ(game.MapGroups().Item(1)->Maps().Item(1)->Name(), c.firstMap);
+        EXPECT_EQ(game.Name(), QStringLiteral("Old"));
         const auto last = game.ActiveMapGroup()->ActiveMap();
         EXPECT_EQ(game.ActiveMapGroup(), game.MapGroups().Item(game.MapGroups().Count()));
         EXPECT_EQ(last, game.ActiveMapGroup()->Maps().Item(game.ActiveMapGroup()->Maps().Count()));
         EXPECT_EQ(last->Name(), QStringLiteral("M%1").arg(c.maps));
+        EXPECT_EQ(last->GroupId(), game.ActiveMapGroup()->Id());
         ASSERT_EQ(last->Units()->Count(), 1);
         EXPECT_EQ(last->Units()->Item(1)->y(), -c.maps);
         EXPECT_FALSE(last->Units()->Item(1)->HasMoved());
     }
-}
-
-TEST_F(PersistMgrTest, AUnitIsFoundWhenItsTokenHasMovedInTheModule)
-{
-    writeModule(QStringLiteral("alpha.krm"),
-                module(QStringLiteral("alpha"), {"a", "b", "c", "d", "e"}));
-    start();
-    activate(alphaId);
-    const auto map = newGame(QStringLiteral("Moved"))->ActiveMapGroup()->ActiveMap();
-    addUnit(*map, QStringLiteral("e"), 1);
-    addUnit(*map, QStringLiteral("a"), 2);
-    ASSERT_EQ(map->Units()->Item(1)->Token()->Index(), 5);
-    const QString path = home.WriteFile(QStringLiteral("moved.krf"), currentImage());
-    ReleaseRoot();
-
-    // The next version of the module puts two tokens in front of "e".
-    writeModule(QStringLiteral("alpha.krm"),
-                module(QStringLiteral("alpha"), {"a", "b", "c", "d", "x", "y", "e"}));
-    start();
-    activate(alphaId);
-    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
-    const auto units = Root().Game()->ActiveMapGroup()->ActiveMap()->Units();
-    ASSERT_EQ(units->Count(), 2);
-    EXPECT_EQ(units->Item(1)->Token(), Root().Context()->Tokens().Item(7));
-    EXPECT_EQ(units->Item(2)->Token(), Root().Context()->Tokens().Item(1));
 }
 
 TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeNothing)
@@ -284,25 +262,15 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         std::memcpy(bytes.data() + header.BodyOffset - 4, &length, 4);
         return bytes;
     };
-    const QByteArray gameStart = Bytes().i16(2).small("G").small("").small("").data();
-    const QByteArray mapStart = Bytes()
-                                    .i16(1)
-                                    .small("GR")
-                                    .i16(1)
-                                    .i16(0)
-                                    .i16(1)
-                                    .i16(1)
-                                    .small("")
-                                    .small("")
-                                    .text("")
-                                    .i16(0)
-                                    .data();
-    const QByteArray truncated = gameStart + Bytes().i16(1).small("GR").i16(1).data();
-    const QByteArray hugeCount = gameStart + mapStart + Bytes().i16(30000).i32(0).data();
-    const QByteArray ghost =
-        gameStart + mapStart + Bytes().i16(1).i16(2).small("ghost").i16(2).i32(1).i32(1).data();
-    const QByteArray newer = Bytes().i16(3).small("G").data();
-
+    // Record bytes: a game, a group holding one map, a map up to its units.
+    const QByteArray gameRec = Bytes().i16(2).small("G").small("").small("").data();
+    const QByteArray group = Bytes().i16(1).small("GR").i16(1).i16(0).i16(1).data();
+    const QByteArray map = Bytes().i16(1).small("").small("").text("").i16(0).data();
+    const QByteArray unit = Bytes().i16(1).small("inf").data();
+    // Zeros behind each case, so that only the damage named fails the read.
+    const auto body = [&](const QByteArray& bytes) {
+        return fileAround(bytes + QByteArray(24, 0));
+    };
     const struct
     {
         const char* file;
@@ -315,17 +283,30 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         {"header.krf", good.left(header.BodyOffset - 2), "header"},
         // Lengths that cannot be right are refused before anything is allocated.
         {"zero.krf", declaring(0), "body length"},
-        {"negative.krf", declaring(-5), "body length"},
+        {"negative.krf", declaring(std::numeric_limits<std::int32_t>::min()), "body length"},
         {"huge.krf", declaring(2000000000), "body length"},
         {"cut.krf", good.left(header.BodyOffset + 6), "damaged"},
         {"foreign.krf", CGameFile::ToBytes(*game, "krm_gone_v1"), QString()},
         {"beta.krf", CGameFile::ToBytes(*game, "krm_beta_v1"), "'beta', which is not the active"},
         {"inflate.krf", flipped, "damaged"},
         {"length.krf", declaring(header.BodyLength + 10), "damaged"},
-        {"truncated.krf", fileAround(truncated), "truncated"},
-        {"count.krf", fileAround(hugeCount), "30000 units, more than the remaining"},
-        {"newer.krf", fileAround(newer), "newer version of Korvane"},
-        {"ghost.krf", fileAround(ghost), "\"ghost\""},
+        {"short2.krf", declaring(header.BodyLength - 10), "damaged"},
+        {"truncated.krf", fileAround(gameRec + Bytes().i16(1).small("GR").i16(1).data()),
+         "truncated"},
+        {"count.krf", body(gameRec + group + map + Bytes().i16(30000).data()), "30000 units, more"},
+        {"groups.krf", body(gameRec + Bytes().i16(32767).small("GR").data()), "32767 map groups"},
+        {"groupsneg.krf", body(gameRec + Bytes().i16(-1).data()), "negative number"},
+        {"textneg.krf", body(gameRec + group + Bytes().i16(1).small("").small("").i16(-5).data()),
+         "negative length"},
+        {"newer.krf", body(Bytes().i16(3).data()), "game record has version 3"},
+        {"newergroup.krf", body(gameRec + Bytes().i16(1).small("GR").i16(2).data()), "newer"},
+        {"newermap.krf", body(gameRec + group + Bytes().i16(2).data()), "map record has version 2"},
+        {"newerunit.krf",
+         body(gameRec + group + map + Bytes().i16(1).data() + unit + Bytes().i16(3).data()),
+         "unit record has version 3"},
+        {"version0.krf", body(Bytes().i16(0).data()), "invalid version 0"},
+        {"ghost.krf", body(gameRec + group + map + Bytes().i16(1).i16(2).small("ghost").data()),
+         "\"ghost\""},
         {"absent.krf", QByteArray(), "No such file"},
     };
     for (const auto& c : cases) {
@@ -557,4 +538,115 @@ TEST_F(PersistMgrTest, TheOpenFilterListsTheFileTypesOfTheContextsAndFixedModule
     EXPECT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
     EXPECT_EQ(Root().Game()->Name(), QStringLiteral("Axis"));
     EXPECT_TRUE(Root().PersistMgr().ContextIdFromFile(home.File("usermods/one.udm")).isEmpty());
+}
+
+TEST_F(PersistMgrTest, TextsTheFileCannotHoldAreNamedOnceBeforeSavingAndNoCancels)
+{
+    TestGui* gui = startAlpha();
+    const auto game = newGame(QStringLiteral("Тигр"));
+    const auto map = game->ActiveMapGroup()->ActiveMap();
+    map->SetName(QStringLiteral("戦車"));
+    for (int i = 0; i < 3; ++i)
+        addUnit(*map, QStringLiteral("inf"), i, QStringLiteral("Тигр"));
+    addUnit(*map, QStringLiteral("inf"), 9, QStringLiteral("Café"));
+    markChanged();
+
+    gui->Boxes.Answers = {Answer::No};
+    EXPECT_FALSE(Root().PersistMgr().SaveCurrentGame());
+    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << "one question, and no write error";
+    const auto& question = gui->Boxes.Boxes[0];
+    EXPECT_TRUE(question.IsQuestion);
+    EXPECT_TRUE(question.Text.contains("\"Тигр\"\n\"戦車\"\n\nDo you want"))
+        << question.Text.toStdString();
+    EXPECT_FALSE(question.Text.contains("Café"));
+    EXPECT_TRUE(gui->Save.Shown.isEmpty()) << "no name is asked for a save that will not happen";
+    EXPECT_EQ(game->Dirty(), 2);
+
+    gui->Boxes.Boxes.clear();
+    gui->Boxes.Answers = {Answer::Yes};
+    gui->Save.Choose(home.Path(), QStringLiteral("tiger"), QStringLiteral("krf"));
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    EXPECT_EQ(gui->Boxes.Boxes.size(), 1u);
+    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(home.File(QStringLiteral("tiger.krf"))));
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("????"));
+    EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Name(), QStringLiteral("??"));
+    EXPECT_EQ(CPersistMgr::LossyTextsSummary({"a", "b", "c"}, 2, ", "),
+              QStringLiteral("\"a\", \"b\", and 1 more"));
+}
+
+// Hostile files made here: a body declared far larger than the file holds,
+// a game of a million empty maps, and a large game of empty maps that can
+// be read. Each is handled within seconds and without a large allocation.
+TEST_F(PersistMgrTest, HostileFilesCostLittleTimeAndMemory)
+{
+    TestGui* gui = startAlpha();
+    newGame(QStringLiteral("Current"));
+    const auto peakKiB = [] {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return static_cast<qint64>(usage.ru_maxrss);
+    };
+    const auto emptyMaps = [](int groups, int mapsPerGroup, int lastGroup) {
+        Bytes body;
+        body.i16(2).small("G").small("Many").small("").i16(static_cast<std::int16_t>(groups));
+        const QByteArray emptyMap =
+            Bytes().i16(1).small("").small("").text("").i16(0).i16(0).i16(0).data();
+        for (int g = 1; g <= groups; ++g) {
+            const int maps = g == groups ? lastGroup : mapsPerGroup;
+            body.small("GR" + QByteArray::number(g))
+                .i16(1)
+                .i16(0)
+                .i16(static_cast<std::int16_t>(maps));
+            body.append(emptyMap.repeated(maps));
+        }
+        return fileAround(body.data());
+    };
+    // 520 KB that inflate to about as much, declaring 512 MiB.
+    QByteArray noise(520 * 1024, '\0');
+    std::uint32_t seed = 12345;
+    for (char& c : noise)
+        c = static_cast<char>((seed = seed * 1103515245u + 12345u) >> 24);
+    QByteArray declared512 = fileAround(noise);
+    const std::int32_t length512 = 512 * 1024 * 1024;
+    std::memcpy(declared512.data() + 5 + alphaId.size(), &length512, 4);
+    const QByteArray million = emptyMaps(31, 32767, 1000000 - 30 * 32767);
+    EXPECT_LT(million.size(), 40 * 1024);
+
+    const struct
+    {
+        const char* file;
+        QByteArray bytes;
+        QString reason;
+    } cases[] = {{"declared512.krf", declared512, "damaged"},
+                 {"million.krf", million, "more than 250000 maps"},
+                 {"many.krf", emptyMaps(7, 32767, 10), QString()}};
+    for (const auto& c : cases) {
+        const QString path = home.WriteFile(QLatin1String(c.file), c.bytes);
+        gui->Boxes.Boxes.clear();
+        const qint64 peakBefore = peakKiB();
+        QElapsedTimer timer;
+        timer.start();
+        const bool loaded = Root().PersistMgr().LoadGameFromFile(path);
+        // Counting units visits every map as korvane-tool info does.
+        std::int64_t units = 0;
+        for (const auto& group : Root().Game()->MapGroups())
+            for (const auto& map : group->Maps()) {
+                const CMapLock lock(map);
+                units += map->Units()->Count();
+            }
+        EXPECT_LT(timer.elapsed(), 10000) << c.file;
+        EXPECT_LT(peakKiB() - peakBefore, 200 * 1024) << c.file;
+        EXPECT_EQ(loaded, c.reason.isEmpty()) << c.file;
+        if (!loaded) {
+            ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << c.file;
+            EXPECT_TRUE(gui->Boxes.Boxes[0].Text.contains(c.reason))
+                << gui->Boxes.Boxes[0].Text.toStdString();
+        } else {
+            EXPECT_EQ(Root().Game()->GetMapCount(), 6 * 32767 + 10);
+            EXPECT_EQ(units, 0);
+            EXPECT_EQ(QDir(CUtility::GetCacheDir()).entryList({"*.tmp"}, QDir::Files),
+                      QStringList())
+                << "empty maps write no swap files";
+        }
+    }
 }

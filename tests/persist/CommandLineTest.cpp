@@ -77,28 +77,22 @@ TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneAnnouncingBothS
     EXPECT_TRUE(gui->Boxes.Boxes.empty());
 }
 
-TEST_F(CommandLineTest, AFileOfTheActiveContextKeepsItAsItIs)
+TEST_F(CommandLineTest, WithNoContextActiveTheFilesContextIsActivatedOnceAndThenKept)
 {
-    TestGui* gui = startTwo(true);
-    const auto alpha = Root().Context();
-    const QString path = gameFile(QStringLiteral("alpha.krf"), alphaId);
-
-    MMain::HandleCommandLine(path + " more words");
-
-    EXPECT_EQ(announced(), QStringList{"NewGame()"});
-    EXPECT_EQ(Root().Context(), alpha);
-    EXPECT_EQ(alpha->Tokens().Count(), 5);
-    EXPECT_TRUE(gui->Progress.Calls.isEmpty());
-    ASSERT_TRUE(Root().Game());
-    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("alpha.krf"));
-}
-
-TEST_F(CommandLineTest, WithNoContextActiveTheFilesContextIsActivatedOnce)
-{
-    startTwo(false);
+    TestGui* gui = startTwo(false);
     MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId));
     EXPECT_EQ(announced(), QStringList({"NewContext(" + betaId + ")", "NewGame()"}));
     EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
+
+    const auto beta = Root().Context();
+    log->Lines.clear();
+    gui->Progress.Calls.clear();
+    MMain::HandleCommandLine(gameFile(QStringLiteral("second.krf"), betaId) + " more words");
+    EXPECT_EQ(announced(), QStringList{"NewGame()"});
+    EXPECT_EQ(Root().Context(), beta);
+    EXPECT_EQ(beta->Tokens().Count(), 5);
+    EXPECT_TRUE(gui->Progress.Calls.isEmpty());
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("second.krf"));
 }
 
 TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilently)

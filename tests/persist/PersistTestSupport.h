@@ -1,11 +1,11 @@
 #pragma once
 
-#include "support/ContextTestSupport.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/FOpenFileDlg.h"
 #include "core/FProgressWin.h"
 #include "core/FSaveFileDlg.h"
+#include "support/ContextTestSupport.h"
 #include "support/EventLog.h"
 #include "support/TestHome.h"
 

@@ -66,6 +66,22 @@ TEST(Streams, CodePageAndStringCuts)
     EXPECT_EQ(decoded.mid(0x80, 2) + decoded.mid(0x9F, 1), u"\u20AC\u0081\u0178"_s);
     EXPECT_EQ(CAnsiCodec::Encode(decoded), all);
     EXPECT_EQ(CAnsiCodec::Encode(u"\u0080\u0100\u4E2D"_s), QByteArray("???"));
+    // Plain text is converted in blocks; a special character anywhere in a
+    // block, or in the tail, still goes through the code page's table.
+    const QString plain = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123"_s;
+    for (qsizetype at = 0; at < plain.size(); ++at) {
+        for (const auto& [c, byte] : {std::pair{u'\u20AC', '\x80'}, {u'\u00E9', '\xE9'}}) {
+            QString text = plain;
+            text[at] = QChar(c);
+            QByteArray expected = plain.toLatin1();
+            expected[at] = byte;
+            EXPECT_EQ(CAnsiCodec::Encode(text), expected) << at;
+            EXPECT_EQ(CAnsiCodec::Decode(expected), text) << at;
+        }
+        QString text = plain;
+        text[at] = QChar(0x0100);
+        EXPECT_EQ(CAnsiCodec::Encode(text), plain.toLatin1().replace(at, 1, "?")) << at;
+    }
 
     const QString text = QString(40000, u'a') + u'b';
     COutputStream out;
