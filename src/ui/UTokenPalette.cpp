@@ -51,6 +51,8 @@ UTokenPalette::UTokenPalette(QWidget* parent)
     setObjectName(QStringLiteral("palTokens"));
     m_pages->setObjectName(QStringLiteral("palTokensPages"));
     setWidget(m_pages);
+    // Wide enough for three counters with their captions side by side.
+    m_pages->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
     setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
 }
 
