@@ -679,7 +679,8 @@ void mdcBoard::applyZoom(double scale, const QPointF& viewAnchor)
 {
     // The board point under the anchor stays under it.
     const QPointF anchored = toBoard(viewAnchor);
-    setTransform(QTransform::fromScale(m_zoom.SetScale(scale), m_zoom.Scale()));
+    const double taken = m_zoom.SetScale(scale);
+    setTransform(QTransform::fromScale(taken, taken));
     const QPointF moved = viewportTransform().map(anchored) - viewAnchor;
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(moved.x()));
     verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(moved.y()));
