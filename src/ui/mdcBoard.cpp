@@ -344,11 +344,7 @@ void mdcBoard::mousePressEvent(QMouseEvent* event)
         return;
     // Another button during a drag cancels it.
     if (!m_dragUnitId.isEmpty()) {
-        CDragDropMgr& manager = Root().DragDropMgr();
-        if (manager.DragInProgress() && manager.DragSource() == CDragDropMgr::Source::Board)
-            manager.EndDrag();
-        else
-            NotifyNullDrop();
+        cancelUnitDrag();
         return;
     }
     const QPoint p = boardPixel(toBoard(event->position()));
@@ -435,6 +431,15 @@ void mdcBoard::endUnitDrag(QMouseEvent* event)
     manager.Dropped();
     m_dragUnitId.clear();
     dropUnit(unitId, p);
+}
+
+void mdcBoard::cancelUnitDrag()
+{
+    CDragDropMgr& manager = Root().DragDropMgr();
+    if (manager.DragInProgress() && manager.DragSource() == CDragDropMgr::Source::Board)
+        manager.EndDrag();
+    else
+        NotifyNullDrop();
 }
 
 void mdcBoard::dragStep(QPoint p)
@@ -572,6 +577,11 @@ void mdcBoard::keyPressEvent(QKeyEvent* event)
 {
     // Every key stops here: the scene has nothing to do with keys.
     event->accept();
+    // Escape during a drag puts the unit back.
+    if (event->key() == Qt::Key_Escape && !m_dragUnitId.isEmpty()) {
+        cancelUnitDrag();
+        return;
+    }
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
     const bool plain = modifiers == Qt::NoModifier;
     const bool ctrl = modifiers == Qt::ControlModifier;

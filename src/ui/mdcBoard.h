@@ -112,6 +112,8 @@ private:
     void dragStep(QPoint p);
     void dropUnit(const QString& unitId, QPoint p);
     void endUnitDrag(QMouseEvent* event);
+    // Ends a unit drag as one that nobody took: the unit goes back.
+    void cancelUnitDrag();
     void scrollStep();
     void hover(QPoint p);
     void setBoardCursor(tBoardCursor cursor);
