@@ -28,6 +28,7 @@
 #include <QCursor>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QGraphicsRectItem>
 #include <QGraphicsScene>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -35,6 +36,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -47,6 +49,8 @@ constexpr double draggedLayer = 0.5;
 constexpr double arrowLayer = 1;
 // The least time between two steps of scrolling with Ctrl and the mouse.
 constexpr double scrollInterval = 0.02;
+// A dragging pointer this close to the view's edge scrolls the map.
+constexpr int edgeMargin = 24;
 
 bool isArrowHandle(const CUnit& unit)
 {
@@ -61,8 +65,14 @@ int sign(int value)
 } // namespace
 
 mdcBoard::mdcBoard(QWidget* parent)
-    : QGraphicsView(parent), m_picture(nullptr), m_arrows(nullptr), m_digits(new CHeldDigits(this))
+    : QGraphicsView(parent), m_picture(nullptr), m_arrows(nullptr), m_grip(nullptr),
+      m_edgeTimer(new QTimer(this)), m_digits(new CHeldDigits(this))
 {
+    m_edgeTimer->setInterval(30);
+    connect(m_edgeTimer, &QTimer::timeout, this, [this] {
+        if (!edgeScroll())
+            m_edgeTimer->stop();
+    });
     setObjectName(QStringLiteral("mdcBoard"));
     auto* scene = new QGraphicsScene(this);
     // Units move with every drag step; a linear index is cheaper to keep
@@ -125,6 +135,9 @@ void mdcBoard::rebuild()
     m_arrows = new arcArrows;
     m_arrows->setZValue(arrowLayer);
     scene()->addItem(m_arrows);
+    m_grip = scene()->addRect(QRectF(), QPen(Qt::black, 1), QBrush(QColor(255, 255, 255, 160)));
+    m_grip->setZValue(arrowLayer + 1);
+    m_grip->hide();
 
     redrawBackground();
     rebuildUnits();
@@ -260,6 +273,7 @@ void mdcBoard::NotifyNullDrop()
     // The dragged unit (and a dragged arrow end) go back to the model's place.
     const QString unitId = m_dragUnitId;
     m_dragUnitId.clear();
+    m_edgeTimer->stop();
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
     const std::shared_ptr<CUnit> unit = map && map->Units() ? map->UnitById(unitId) : nullptr;
     if (!unit)
@@ -392,7 +406,10 @@ void mdcBoard::mouseMoveEvent(QMouseEvent* event)
                                 QApplication::startDragDistance())
             return;
         m_dragMoved = true;
+        m_grip->hide();
         dragStep(p);
+        if (!m_edgeTimer->isActive() && edgeScroll())
+            m_edgeTimer->start();
         return;
     }
     hover(p);
@@ -430,7 +447,24 @@ void mdcBoard::endUnitDrag(QMouseEvent* event)
     }
     manager.Dropped();
     m_dragUnitId.clear();
+    m_edgeTimer->stop();
     dropUnit(unitId, p);
+}
+
+bool mdcBoard::edgeScroll()
+{
+    if (m_dragUnitId.isEmpty() || !m_dragMoved)
+        return false;
+    const QPoint at = viewport()->mapFromGlobal(QCursor::pos());
+    const QRect inner =
+        viewport()->rect().adjusted(edgeMargin, edgeMargin, -edgeMargin, -edgeMargin);
+    const int dx = at.x() < inner.left() ? -1 : (at.x() > inner.right() ? 1 : 0);
+    const int dy = at.y() < inner.top() ? -1 : (at.y() > inner.bottom() ? 1 : 0);
+    if ((dx == 0 && dy == 0) || !viewport()->rect().contains(at))
+        return false;
+    scrollLines(dx, dy);
+    dragStep(boardPixel(toBoard(QPointF(at))));
+    return true;
 }
 
 void mdcBoard::cancelUnitDrag()
@@ -553,6 +587,14 @@ void mdcBoard::scrollStep()
 void mdcBoard::hover(QPoint p)
 {
     const std::shared_ptr<CUnit> unit = HitTest(p.x(), p.y());
+    const CUnitItem* item = unit && isArrowHandle(*unit) ? m_items.value(unit->Id()) : nullptr;
+    m_grip->setVisible(item != nullptr);
+    if (item) {
+        const IToken& token = *unit->Token();
+        m_grip->setRect(QRectF(item->pos().x() + token.RegionLeft(),
+                               item->pos().y() + token.RegionTop(), token.RegionWidth(),
+                               token.RegionHeight()));
+    }
     if (!unit) {
         setBoardCursor(tBoardCursor::CursorNormal);
         if (!viewport()->toolTip().isEmpty())

@@ -18,6 +18,8 @@ class CMapPictureItem;
 class CUnit;
 class CUnitItem;
 class IGameContext;
+class QGraphicsRectItem;
+class QTimer;
 class arcArrows;
 
 // The board window: the active map of the active group, with one item per
@@ -116,6 +118,9 @@ private:
     void cancelUnitDrag();
     void scrollStep();
     void hover(QPoint p);
+    // Scrolls a line toward the edge the dragging pointer is near, and lets
+    // the dragged unit follow; false when the pointer is near no edge.
+    bool edgeScroll();
     void setBoardCursor(tBoardCursor cursor);
     void scrollLines(int dx, int dy);
     void scrollPages(int dx, int dy);
@@ -125,6 +130,9 @@ private:
     std::shared_ptr<CBoardRenderer> m_renderer;
     CMapPictureItem* m_picture;
     arcArrows* m_arrows;
+    // Shows where an arrow end can be taken, while the pointer is over it.
+    QGraphicsRectItem* m_grip;
+    QTimer* m_edgeTimer;
     QHash<QString, CUnitItem*> m_items;
     CHeldDigits* m_digits;
     CBoardZoom m_zoom;
