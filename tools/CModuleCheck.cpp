@@ -4,7 +4,6 @@
 #include "contexts/CResFileMgr.h"
 #include "contexts/CStandardGame.h"
 #include "contexts/CUserDefinedGame.h"
-#include "core/CUtility.h"
 #include "core/KorvaneError.h"
 #include "tokens/IToken.h"
 
@@ -58,6 +57,8 @@ bool CModuleCheck::Run()
         return false;
     }
     m_entryCount = m_pack->EntryCount();
+    for (const CResFileIgnoredEntry& ignored : m_pack->IgnoredEntries())
+        problem(ignored.Name, QStringLiteral("ignored: ") + ignored.Reason);
     if (!checkDefinition())
         return false;
 
@@ -75,22 +76,20 @@ bool CModuleCheck::checkDefinition()
         problem(definitionEntry, QStringLiteral("missing; every module needs one"));
         return false;
     }
-    QString unpacked;
-    if (!m_pack->UnpackFile(definitionEntry, -1, unpacked)) {
-        problem(definitionEntry, m_pack->LastError());
-        return false;
-    }
     m_definition = std::make_shared<CModuleDefinition>();
     const auto origin =
         m_userModule ? CModuleDefinition::Origin::UserModule : CModuleDefinition::Origin::Module;
-    if (!m_definition->LoadHeader(CUtility::GetCacheDir() + unpacked, origin)) {
-        problem(definitionEntry, m_definition->LastError());
-        return false;
-    }
-    m_id = m_definition->Id();
-    m_title = m_definition->Title();
-    if (!m_definition->LoadBody()) {
-        problem(definitionEntry, m_definition->LastError());
+    bool unpacked = false;
+    const auto load = [&](const QString& path) {
+        unpacked = true;
+        if (!m_definition->LoadHeader(path, origin))
+            return false;
+        m_id = m_definition->Id();
+        m_title = m_definition->Title();
+        return m_definition->LoadBody();
+    };
+    if (!m_pack->UnpackAndUse(definitionEntry, load)) {
+        problem(definitionEntry, unpacked ? m_definition->LastError() : m_pack->LastError());
         return false;
     }
     m_categoryCount = m_definition->CategoryCount();

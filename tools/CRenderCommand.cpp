@@ -3,17 +3,12 @@
 #include "CTool.h"
 #include "CToolFailure.h"
 #include "CToolSession.h"
-#include "actions/CMapLock.h"
-
-#include "core/KorvaneError.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
-#include "render/CBoardRenderer.h"
+#include "render/CMapExport.h"
 
-#include <QBuffer>
 #include <QCommandLineParser>
-#include <QImageWriter>
 #include <QTextStream>
 
 #include <cmath>
@@ -36,18 +31,6 @@ double scaleOf(const QCommandLineParser& parser)
                                   QString::number(CRenderCommand::MaxScale) +
                                   QStringLiteral(", not '") + value + QLatin1Char('\''));
     return scale;
-}
-
-QByteArray png(const QImage& image, const QString& output)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "png");
-    if (!writer.write(image))
-        throw CToolFailure::Input(output, QStringLiteral("the picture cannot be encoded: ") +
-                                              writer.errorString());
-    return bytes;
 }
 
 } // namespace
@@ -116,17 +99,11 @@ void CRenderCommand::Run(CToolSession& session, const QCommandLineParser& parser
         throw CToolFailure::Input(
             path, QStringLiteral("group %1 holds no map to draw").arg(groupPosition));
 
-    QImage image;
-    {
-        const CMapLock lock(map);
-        try {
-            image = CBoardRenderer(loaded.Context).RenderMap(*map, scale);
-        } catch (const KorvaneError& error) {
-            throw CToolFailure::Input(path, error.Description());
-        }
-    }
-    CToolSession::WriteOutputFile(output, png(image, output));
+    const CMapExport::Picture picture = CMapExport::Render(map, loaded.Context, scale);
+    if (!picture.Error.isEmpty())
+        throw CToolFailure::Input(path, picture.Error);
+    CToolSession::WriteOutputFile(output, picture.Png);
     out << "Wrote " << output << ": map " << group->Maps().IndexOf(map.get()) << " ('"
-        << map->Name() << "') of group " << groupPosition << ", " << image.width() << " x "
-        << image.height() << " pixels\n";
+        << map->Name() << "') of group " << groupPosition << ", " << picture.Size.width() << " x "
+        << picture.Size.height() << " pixels\n";
 }

@@ -30,7 +30,8 @@ const QCommandLineOption versionOption({QStringLiteral("v"), QStringLiteral("ver
 const QCommandLineOption homeOption(
     QStringLiteral("home"),
     QStringLiteral("Korvane's home, holding modules/ and usermods/ (default: $KORVANE_HOME, "
-                   "else the program's directory)."),
+                   "else the program's directory when it holds modules/, else the installed "
+                   "modules and the user's under $XDG_DATA_HOME/korvane)."),
     QStringLiteral("DIR"));
 
 void addCommonOptions(QCommandLineParser& parser)

@@ -16,6 +16,8 @@
 #include "core/CUtility.h"
 #include "core/IProgressMonitor.h"
 
+#include <QFileInfo>
+
 #include <array>
 #include <exception>
 
@@ -119,7 +121,9 @@ void CContextMgr::Constructor(IProgressMonitor* progress)
 
     CVector<CGameCtxInfo> modules;
     CVector<CGameCtxInfo> userModules;
-    discover(CUtility::GetModuleDir(), QStringLiteral("*.krm"), Kind::Module, modules, progress);
+    // The user's module folder comes first, so their copy of a module wins.
+    for (const QString& directory : CUtility::GetModuleDirs())
+        discover(directory, QStringLiteral("*.krm"), Kind::Module, modules, progress);
     discover(CUtility::GetUserModuleDir(), QStringLiteral("*.udm"), Kind::UserModule, userModules,
              progress);
     CUtility::SortByName(modules);
@@ -144,12 +148,11 @@ void CContextMgr::discover(const QString& directory, const QString& pattern, Kin
         std::shared_ptr<CResFileMgr> resFile;
         try {
             resFile = std::make_shared<CResFileMgr>(directory, fileName);
-            // A pack whose directory cannot be read is of no use to anyone.
-            if (!resFile->IsOpen())
-                continue;
+            // A built-in game is listed by its file name alone; a damaged pack
+            // of one fails when it is activated. Any other pack must be read.
             if (kind == Kind::Module)
                 info = loadFixed(resFile);
-            if (!info)
+            if (!info && resFile->IsOpen())
                 info = loadStandard(resFile, kind);
         } catch (const std::exception& error) {
             // A hostile pack must not stop the program from starting.
@@ -201,20 +204,22 @@ std::shared_ptr<CGameCtxInfo> CContextMgr::loadStandard(const std::shared_ptr<CR
     info->SetFileName(resFile->FileName());
     info->SetDirectory(resFile->Directory());
 
-    QString unpacked;
-    if (!resFile->UnpackFile(QStringLiteral("module.def"), -1, unpacked))
-        return nullptr;
-    info->SetDefinitionFile(unpacked);
-    info->SetCacheDirectory(CUtility::GetCacheDir());
-
     auto definition = std::make_shared<CModuleDefinition>();
     const auto origin = kind == Kind::Module ? CModuleDefinition::Origin::Module
                                              : CModuleDefinition::Origin::UserModule;
-    if (!definition->LoadHeader(info->CacheDirectory() + unpacked, origin) ||
-        !definition->IsKrm()) {
+    QString loadedFrom;
+    const bool loaded =
+        resFile->UnpackAndUse(QStringLiteral("module.def"), [&](const QString& path) {
+            loadedFrom = path;
+            return definition->LoadHeader(path, origin);
+        });
+    if (!loaded || !definition->IsKrm()) {
         resFile->RemoveCachedFiles();
         return nullptr;
     }
+    const QFileInfo unpacked(loadedFrom);
+    info->SetDefinitionFile(unpacked.fileName());
+    info->SetCacheDirectory(CUtility::GetCacheDir());
     info->SetDefinition(definition);
 
     std::shared_ptr<CStandardGame> context;

@@ -489,7 +489,7 @@ bool CModuleDefinition::LoadHeader(const QString& path, Origin origin)
     return m_headerLoaded;
 }
 
-bool CModuleDefinition::LoadBody()
+bool CModuleDefinition::LoadBody(const QString& path)
 {
     CTraceScope scope("LoadBody", "CModuleDefinition");
     m_lastError.clear();
@@ -499,6 +499,8 @@ bool CModuleDefinition::LoadBody()
         scope.Denote(m_lastError);
         return false;
     }
+    if (!path.isEmpty())
+        m_path = path;
     try {
         const DocPtr doc = readDocument(m_path);
         m_body = readBody(xmlDocGetRootElement(doc.get()));

@@ -37,8 +37,9 @@ public:
     static constexpr std::int32_t DefaultLabelBackColor = 0;      // black
 
     bool LoadHeader(const QString& path, Origin origin = Origin::Module);
-    // Reads the document again from the path given to LoadHeader.
-    bool LoadBody();
+    // Reads the document again: from path when given (a fresh copy of the
+    // same document, which then becomes Path()), else from Path().
+    bool LoadBody(const QString& path = QString());
     bool HeaderLoaded() const { return m_headerLoaded; }
     bool BodyLoaded() const { return m_bodyLoaded; }
 

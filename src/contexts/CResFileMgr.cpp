@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QRegularExpression>
 
 #include <zlib.h>
 
@@ -80,12 +81,7 @@ const CResFileEntry& CResFileMgr::Entry(std::int32_t index) const
 
 std::int32_t CResFileMgr::FindEntry(const QString& name) const
 {
-    const QString wanted = name.toLower();
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        if (m_entries[i].Name == wanted)
-            return static_cast<std::int32_t>(i + 1);
-    }
-    return 0;
+    return m_index.value(name.toLower(), 0);
 }
 
 bool CResFileMgr::ValidEntryName(const QString& name)
@@ -100,6 +96,14 @@ bool CResFileMgr::ValidEntryName(const QString& name)
     return CAnsiCodec::Decode(CAnsiCodec::Encode(name)) == name;
 }
 
+bool CResFileMgr::EscapingEntryName(const QString& name)
+{
+    if (!name.contains(QLatin1String("..")))
+        return false;
+    static const QRegularExpression separators(QStringLiteral("[/\\\\]"));
+    return name.split(separators).contains(QStringLiteral(".."));
+}
+
 bool CResFileMgr::fail(const QString& reason)
 {
     m_lastError = reason;
@@ -109,6 +113,8 @@ bool CResFileMgr::fail(const QString& reason)
 bool CResFileMgr::readDirectory()
 {
     m_entries.clear();
+    m_index.clear();
+    m_ignored.clear();
     m_lastError.clear();
     const QString path = FilePath();
     QFile file(path);
@@ -179,10 +185,8 @@ bool CResFileMgr::readDirectory()
             return fail(QStringLiteral("Entry ") + quoted(entry.Name) + QStringLiteral(" of ") +
                         path + QLatin1String(what));
         };
-        if (!ValidEntryName(entry.Name))
-            return damaged(" has a name a pack may not hold");
-        if (FindEntry(entry.Name) != 0)
-            return damaged(" appears twice");
+        if (EscapingEntryName(entry.Name))
+            return damaged(" has a name that leads out of any folder it is unpacked to");
         if (entry.StoredLength < 0 || entry.UnpackedLength < 0 ||
             entry.UnpackedLength > MaxEntryLength)
             return damaged(" has an impossible length");
@@ -192,6 +196,17 @@ bool CResFileMgr::readDirectory()
         if (entry.IsCompressed() &&
             (entry.StoredLength == 0 || entry.UnpackedLength > inflateLimit(entry.StoredLength)))
             return damaged(" has an impossible length");
+        // Odd but harmless: only this entry is out of use.
+        if (!ValidEntryName(entry.Name)) {
+            m_ignored.push_back({entry.Name, QStringLiteral("a name a pack may not hold")});
+            continue;
+        }
+        if (m_index.contains(entry.Name)) {
+            m_ignored.push_back(
+                {entry.Name, QStringLiteral("a second entry of that name (the first is used)")});
+            continue;
+        }
+        m_index.insert(entry.Name, static_cast<std::int32_t>(m_entries.size() + 1));
         m_entries.push_back(entry);
     }
     return true;
@@ -336,11 +351,11 @@ bool CResFileMgr::UnpackFile(const QString& entryName, std::int32_t flag, QStrin
             scope.Denote(m_lastError);
             return false;
         }
+        if (!m_writtenFiles.contains(target))
+            m_writtenFiles.append(target);
     } else {
         scope.Denote(QStringLiteral("Reusing ") + target);
     }
-    if (!m_cachedFiles.contains(target))
-        m_cachedFiles.append(target);
 
     if (flag != -1) {
         if (QFileInfo::exists(copyTo))
@@ -357,10 +372,26 @@ bool CResFileMgr::UnpackFile(const QString& entryName, std::int32_t flag, QStrin
     return true;
 }
 
+bool CResFileMgr::UnpackAndUse(const QString& entryName,
+                               const std::function<bool(const QString&)>& use)
+{
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        QString unpacked;
+        if (!UnpackFile(entryName, -1, unpacked))
+            return false;
+        const QString path = CUtility::GetCacheDir() + unpacked;
+        if (use(path))
+            return true;
+        if (QFileInfo::exists(path))
+            return false;
+    }
+    return false;
+}
+
 void CResFileMgr::RemoveCachedFiles()
 {
     CTraceScope scope("RemoveCachedFiles", "CResFileMgr");
-    for (const QString& path : std::as_const(m_cachedFiles))
+    for (const QString& path : std::as_const(m_writtenFiles))
         QFile::remove(path);
-    m_cachedFiles.clear();
+    m_writtenFiles.clear();
 }

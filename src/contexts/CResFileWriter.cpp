@@ -4,7 +4,6 @@
 #include "core/CTraceScope.h"
 #include "core/KorvaneError.h"
 #include "persist/COutputStream.h"
-#include "persist/CZlib.h"
 
 #include <QFile>
 #include <QSaveFile>
@@ -22,19 +21,19 @@ namespace {
                        description);
 }
 
-// zlib at level 9; false when zlib refused (output would not fit).
-bool deflateBytes(const QByteArray& data, QByteArray& packed)
+// zlib at the given level; false when zlib refused.
+bool deflateBytes(const QByteArray& data, QByteArray& packed, int level)
 {
     if (data.isEmpty())
         return false;
-    COutputStream source;
-    source.Constructor(static_cast<std::int32_t>(data.size()));
-    std::memcpy(source.Address(), data.constData(), static_cast<std::size_t>(data.size()));
-    CZlib zlib;
-    const std::unique_ptr<COutputStream> result = zlib.Compact(source);
-    if (zlib.LastResult() != Z_OK)
+    uLongf length = compressBound(static_cast<uLong>(data.size()));
+    packed.resize(static_cast<qsizetype>(length));
+    const int result = compress2(reinterpret_cast<Bytef*>(packed.data()), &length,
+                                 reinterpret_cast<const Bytef*>(data.constData()),
+                                 static_cast<uLong>(data.size()), level);
+    if (result != Z_OK)
         return false;
-    packed = QByteArray(reinterpret_cast<const char*>(result->Address()), result->Size());
+    packed.resize(static_cast<qsizetype>(length));
     return true;
 }
 
@@ -52,11 +51,9 @@ void CResFileWriter::AddEntry(const QString& name, const QByteArray& data)
     if (!CResFileMgr::ValidEntryName(name))
         raise("AddEntry",
               QStringLiteral("A pack cannot hold an entry named '") + name + QLatin1Char('\''));
-    for (const Entry& entry : m_entries) {
-        if (entry.Name.compare(name, Qt::CaseInsensitive) == 0)
-            raise("AddEntry", QStringLiteral("The pack already holds an entry named '") + name +
-                                  QLatin1Char('\''));
-    }
+    if (m_names.contains(name.toLower()))
+        raise("AddEntry",
+              QStringLiteral("The pack already holds an entry named '") + name + QLatin1Char('\''));
     if (data.size() > CResFileMgr::MaxEntryLength)
         raise("AddEntry", QStringLiteral("Entry '") + name + QStringLiteral("' is too large"));
 
@@ -65,7 +62,8 @@ void CResFileWriter::AddEntry(const QString& name, const QByteArray& data)
     entry.UnpackedLength = static_cast<std::int32_t>(data.size());
     QByteArray packed;
     // Equal lengths mean "stored as it is", so compression must save a byte.
-    entry.Stored = deflateBytes(data, packed) && packed.size() < data.size() ? packed : data;
+    entry.Stored = deflateBytes(data, packed, 9) && packed.size() < data.size() ? packed : data;
+    m_names.insert(name.toLower());
     m_entries.push_back(std::move(entry));
 }
 
@@ -80,49 +78,64 @@ void CResFileWriter::AddFile(const QString& name, const QString& path)
     AddEntry(name, file.readAll());
 }
 
+QByteArray CResFileWriter::directory(std::int32_t dataStart) const
+{
+    COutputStream directory;
+    directory.Constructor(4096);
+    directory.WriteLong(EntryCount());
+    std::int32_t position = dataStart;
+    for (const Entry& entry : m_entries) {
+        directory.WriteSmallString(entry.Name);
+        directory.WriteLong(position);
+        directory.WriteLong(static_cast<std::int32_t>(entry.Stored.size()));
+        directory.WriteLong(entry.UnpackedLength);
+        position += static_cast<std::int32_t>(entry.Stored.size());
+    }
+    return QByteArray(reinterpret_cast<const char*>(directory.Address()), directory.Offset());
+}
+
 QByteArray CResFileWriter::ToBytes() const
 {
     std::int64_t dataLength = 0;
     for (const Entry& entry : m_entries)
         dataLength += entry.Stored.size();
-
-    // Positions count from the start of the file, so the directory depends on
-    // its own compressed length. Reserve room, and grow it until the
-    // directory fits; unused room stays as zero padding before the data.
-    std::int64_t reserved = 0;
-    QByteArray plain;
-    QByteArray packed;
-    for (int attempt = 0;; ++attempt) {
-        if (attempt == 32)
-            raise("ToBytes", QStringLiteral("The directory does not settle"));
-        const std::int64_t dataStart = CResFileMgr::HeaderLength + reserved;
+    const auto dataStartAfter = [&](std::int64_t directoryLength) {
+        const std::int64_t dataStart = CResFileMgr::HeaderLength + directoryLength;
         if (dataStart + dataLength > std::numeric_limits<std::int32_t>::max())
             raise("ToBytes", QStringLiteral("The pack would be larger than 2 GB"));
-        COutputStream directory;
-        directory.Constructor(4096);
-        directory.WriteLong(EntryCount());
-        auto position = static_cast<std::int32_t>(dataStart);
-        for (const Entry& entry : m_entries) {
-            directory.WriteSmallString(entry.Name);
-            directory.WriteLong(position);
-            directory.WriteLong(static_cast<std::int32_t>(entry.Stored.size()));
-            directory.WriteLong(entry.UnpackedLength);
-            position += static_cast<std::int32_t>(entry.Stored.size());
-        }
-        plain = QByteArray(reinterpret_cast<const char*>(directory.Address()), directory.Offset());
-        if (!deflateBytes(plain, packed))
+        return static_cast<std::int32_t>(dataStart);
+    };
+
+    // The data starts right after the directory, and positions count from the
+    // start of the file, so the directory's compressed length moves the
+    // positions it holds. Look for a length that reproduces itself at level 9;
+    // if none turns up quickly, store the directory at level 0, whose length
+    // follows from the directory's size alone (positions are fixed-width).
+    QByteArray plain;
+    QByteArray packed;
+    std::int64_t length = 0;
+    bool settled = false;
+    for (int attempt = 0; attempt < 16 && !settled; ++attempt) {
+        plain = directory(dataStartAfter(length));
+        if (!deflateBytes(plain, packed, 9))
             raise("ToBytes", QStringLiteral("zlib could not compress the directory"));
-        if (packed.size() <= reserved)
-            break;
-        reserved = packed.size();
+        settled = packed.size() == length;
+        length = packed.size();
+    }
+    if (!settled) {
+        QByteArray stored;
+        if (!deflateBytes(directory(0), stored, 0))
+            raise("ToBytes", QStringLiteral("zlib could not store the directory"));
+        plain = directory(dataStartAfter(stored.size()));
+        if (!deflateBytes(plain, packed, 0) || packed.size() != stored.size())
+            raise("ToBytes", QStringLiteral("The directory does not settle"));
     }
 
     QByteArray bytes;
-    bytes.reserve(static_cast<qsizetype>(CResFileMgr::HeaderLength + reserved + dataLength));
+    bytes.reserve(static_cast<qsizetype>(CResFileMgr::HeaderLength + packed.size() + dataLength));
     appendLong(bytes, static_cast<std::int32_t>(plain.size()));
     appendLong(bytes, static_cast<std::int32_t>(packed.size()));
     bytes.append(packed);
-    bytes.append(QByteArray(static_cast<qsizetype>(reserved - packed.size()), '\0'));
     for (const Entry& entry : m_entries)
         bytes.append(entry.Stored);
     return bytes;

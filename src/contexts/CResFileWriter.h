@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 
 #include <cstdint>
@@ -8,7 +9,8 @@
 
 // Builds a resource pack, the reverse of CResFileMgr: our own modules, the
 // command-line tool and the tests make their packs with it. An entry is
-// stored compressed only when that makes it smaller. Errors raise KorvaneError.
+// stored compressed only when that makes it smaller; the entries' data starts
+// right after the directory. Errors raise KorvaneError.
 class CResFileWriter
 {
 public:
@@ -27,6 +29,9 @@ public:
     void Write(const QString& path) const;
 
 private:
+    // The plain directory with the data starting at dataStart.
+    QByteArray directory(std::int32_t dataStart) const;
+
     struct Entry
     {
         QString Name;
@@ -35,4 +40,5 @@ private:
     };
 
     std::vector<Entry> m_entries;
+    QSet<QString> m_names; // lower case
 };

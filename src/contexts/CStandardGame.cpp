@@ -140,14 +140,16 @@ bool CStandardGame::ensureDefinition(bool raiseOnFailure) const
 {
     if (!m_definition && !m_definitionTried && m_resFile) {
         m_definitionTried = true;
-        QString unpacked;
         auto definition = std::make_shared<CModuleDefinition>();
-        if (!m_resFile->UnpackFile(definitionEntry, -1, unpacked))
-            m_definitionError = m_resFile->LastError();
-        else if (!definition->LoadHeader(CUtility::GetCacheDir() + unpacked))
-            m_definitionError = definition->LastError();
-        else
+        bool unpacked = false;
+        const bool loaded = m_resFile->UnpackAndUse(definitionEntry, [&](const QString& path) {
+            unpacked = true;
+            return definition->LoadHeader(path);
+        });
+        if (loaded)
             m_definition = std::move(definition);
+        else
+            m_definitionError = unpacked ? definition->LastError() : m_resFile->LastError();
     }
     if (!m_definition && raiseOnFailure) {
         const QString file = m_resFile ? m_resFile->FileName() : QStringLiteral("(none)");
@@ -176,9 +178,17 @@ void CStandardGame::Activate(IProgressMonitor* progress)
     report(progress, QStringLiteral("Loading the '") + Caption() + QStringLiteral("' Module..."),
            0.2f);
     ensureDefinition(true);
-    if (!m_definition->BodyLoaded() && !m_definition->LoadBody())
+    // The body is read from the cache copy, which another process on this home
+    // may have removed since discovery: unpack it again when it has gone.
+    bool unpacked = false;
+    if (!m_definition->BodyLoaded() &&
+        !m_resFile->UnpackAndUse(definitionEntry, [&](const QString& path) {
+            unpacked = true;
+            return m_definition->LoadBody(path);
+        }))
         fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
-                             QStringLiteral(" cannot be loaded: ") + m_definition->LastError());
+                             QStringLiteral(" cannot be loaded: ") +
+                             (unpacked ? m_definition->LastError() : m_resFile->LastError()));
     if (m_definition->TokenCount() > std::numeric_limits<std::int16_t>::max())
         fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
                              QStringLiteral(" has more tokens than a game can keep"));

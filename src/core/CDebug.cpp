@@ -1,10 +1,13 @@
 #include "CDebug.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 CDebug::CDebug(QString traceFile) : m_traceFile(std::move(traceFile))
 {
-    QFile::remove(m_traceFile);
+    if (!s_keepEarlierTrace)
+        QFile::remove(m_traceFile);
 }
 
 CDebug::~CDebug()
@@ -19,6 +22,9 @@ void CDebug::SetEnabled(bool enabled)
         return;
     m_enabled = enabled;
     s_enabledCount += enabled ? 1 : -1;
+    // An installed program keeps its trace in a folder that may not exist yet.
+    if (enabled)
+        QDir().mkpath(QFileInfo(m_traceFile).absolutePath());
     writeLine(enabled ? QStringLiteral("[Debug Enabled]") : QStringLiteral("[Debug Disabled]"));
 }
 

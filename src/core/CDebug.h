@@ -10,7 +10,7 @@
 class CDebug
 {
 public:
-    // Deletes any trace left by an earlier run.
+    // Deletes any trace left by an earlier run, unless KeepEarlierTrace was set.
     explicit CDebug(QString traceFile);
     ~CDebug();
     CDebug(const CDebug&) = delete;
@@ -32,6 +32,10 @@ public:
     // tracing is off.
     static bool AnyEnabled() { return s_enabledCount > 0; }
 
+    // A companion process (korvane-tool) that does not trace itself leaves
+    // the program's trace in place: traces made after this call keep the file.
+    static void KeepEarlierTrace(bool keep) { s_keepEarlierTrace = keep; }
+
 private:
     void writeLine(const QString& text) const;
 
@@ -39,4 +43,5 @@ private:
     bool m_enabled = false;
     std::int16_t m_depth = 0;
     static inline int s_enabledCount = 0;
+    static inline bool s_keepEarlierTrace = false;
 };

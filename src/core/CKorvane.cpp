@@ -3,6 +3,7 @@
 #include "actions/CActionMgr.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/CImageListMgr.h"
+#include "core/CClock.h"
 #include "core/CConfiguration.h"
 #include "core/CControlHost.h"
 #include "core/CDebug.h"
@@ -95,14 +96,16 @@ void CKorvane::Constructor(IProgressMonitor* progress)
 
     m_controls = std::make_unique<CControlHost>();
     m_utility = std::make_unique<CUtility>();
-    m_trace = std::make_unique<CDebug>(CUtility::GetAppPath() + QStringLiteral("debug.txt"));
+    m_trace = std::make_unique<CDebug>(CUtility::GetTraceFile());
     if (qEnvironmentVariable("KORVANE_TRACE") == QLatin1String("1"))
         m_trace->SetEnabled(true);
     m_persistMgr = std::make_unique<CPersistMgr>();
     m_config = std::make_unique<CConfiguration>();
+    m_winApi = std::make_unique<CWinApi>();
     m_zlib = std::make_unique<CZlib>();
     m_imageListMgr = std::make_unique<CImageListMgr>();
     m_contextMgr = std::make_unique<CContextMgr>();
+    m_clock = std::make_unique<CClock>(*m_controls);
     m_dragDropMgr = std::make_unique<CDragDropMgr>();
     m_actionMgr = std::make_unique<CActionMgr>();
     m_eventMgr = std::make_unique<CGameEventMgr>();
@@ -151,9 +154,12 @@ void CKorvane::Dispose()
     m_eventMgr.reset();
     m_actionMgr.reset();
     m_dragDropMgr.reset();
+    // Events still queued are dropped unrun, with whatever they hold.
+    m_clock.reset();
     m_contextMgr.reset();
     m_imageListMgr.reset();
     m_zlib.reset();
+    m_winApi.reset();
     m_config.reset();
     m_persistMgr.reset();
     m_trace.reset();
@@ -163,10 +169,4 @@ void CKorvane::Dispose()
     // held elsewhere when the program ends.
     CMap::RemoveLeftoverSwapFiles();
     m_disposed = true;
-}
-
-CWinApi& CKorvane::WinApi() const
-{
-    static CWinApi api;
-    return api;
 }

@@ -9,11 +9,11 @@
 #include <memory>
 
 class CActionMgr;
+class CClock;
 class CConfiguration;
 class CContextMgr;
 class CControlHost;
 class CDebug;
-class CWinApi;
 class CDragDropMgr;
 class CGame;
 class CImageListMgr;
@@ -22,6 +22,7 @@ class CGui;
 class CPersistMgr;
 class IGameContext;
 class CUtility;
+class CWinApi;
 class CZlib;
 class IProgressMonitor;
 
@@ -56,11 +57,12 @@ public:
     CDebug& Trace() const { return *m_trace; }
     CPersistMgr& PersistMgr() const { return *m_persistMgr; }
     CConfiguration& Config() const { return *m_config; }
+    CWinApi& WinApi() const { return *m_winApi; }
     CZlib& Zlib() const { return *m_zlib; }
     CImageListMgr& ImageListMgr() const { return *m_imageListMgr; }
     CContextMgr& ContextMgr() const { return *m_contextMgr; }
+    CClock& Clock() const { return *m_clock; }
     CDragDropMgr& DragDropMgr() const { return *m_dragDropMgr; }
-    CWinApi& WinApi() const;
     CActionMgr& ActionMgr() const { return *m_actionMgr; }
     CGameEventMgr& EventMgr() const { return *m_eventMgr; }
     // Null when the program runs without windows.
@@ -83,9 +85,11 @@ private:
     std::unique_ptr<CDebug> m_trace;
     std::unique_ptr<CPersistMgr> m_persistMgr;
     std::unique_ptr<CConfiguration> m_config;
+    std::unique_ptr<CWinApi> m_winApi;
     std::unique_ptr<CZlib> m_zlib;
     std::unique_ptr<CImageListMgr> m_imageListMgr;
     std::unique_ptr<CContextMgr> m_contextMgr;
+    std::unique_ptr<CClock> m_clock;
     std::unique_ptr<CDragDropMgr> m_dragDropMgr;
     std::unique_ptr<CActionMgr> m_actionMgr;
     std::unique_ptr<CGameEventMgr> m_eventMgr;

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QStandardPaths>
 #include <QTemporaryFile>
 #include <QUuid>
 
@@ -20,6 +21,27 @@ QString withSlash(QString path)
     return path;
 }
 
+// The user's own data folder of an installed Korvane.
+QString userDataDir()
+{
+    return withSlash(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) +
+           QStringLiteral("korvane/");
+}
+
+// $XDG_STATE_HOME (an absolute path, as the rules for it demand), else its
+// default; platforms without the variable keep the trace with the data.
+QString userStateDir()
+{
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!state.isEmpty() && QDir::isAbsolutePath(state))
+        return withSlash(state) + QStringLiteral("korvane/");
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return withSlash(QDir::homePath()) + QStringLiteral(".local/state/korvane/");
+#else
+    return userDataDir();
+#endif
+}
+
 } // namespace
 
 QString CUtility::GenerateId()
@@ -28,6 +50,13 @@ QString CUtility::GenerateId()
     QString text = QUuid::createUuid().toString(QUuid::WithoutBraces);
     text.remove(QLatin1Char('-'));
     return text.toUpper();
+}
+
+bool CUtility::IsPortable()
+{
+    if (!qEnvironmentVariableIsEmpty("KORVANE_HOME") || !QCoreApplication::instance())
+        return true;
+    return QFileInfo(QCoreApplication::applicationDirPath() + QStringLiteral("/modules")).isDir();
 }
 
 QString CUtility::GetAppPath()
@@ -47,17 +76,52 @@ QString CUtility::GetCurrentPath()
 
 QString CUtility::GetModuleDir()
 {
-    return GetAppPath() + QStringLiteral("modules/");
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("modules/");
+    return userDataDir() + QStringLiteral("modules/");
+}
+
+QStringList CUtility::GetModuleDirs()
+{
+    if (IsPortable())
+        return {GetModuleDir()};
+    return {GetModuleDir(), GetInstalledModuleDir()};
+}
+
+QString CUtility::GetInstalledModuleDir()
+{
+    // Relative to the executable, so an installed tree works wherever it is
+    // unpacked (a DESTDIR, a moved prefix).
+    const QString base =
+        QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
+    return withSlash(QDir::cleanPath(base + QStringLiteral("/../share/korvane/modules")));
 }
 
 QString CUtility::GetCacheDir()
 {
-    return GetAppPath() + QStringLiteral("cache/");
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("cache/");
+    return withSlash(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)) +
+           QStringLiteral("korvane/");
 }
 
 QString CUtility::GetUserModuleDir()
 {
-    return GetAppPath() + QStringLiteral("usermods/");
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("usermods/");
+    return userDataDir() + QStringLiteral("usermods/");
+}
+
+QString CUtility::GetTraceFile()
+{
+    if (IsPortable())
+        return GetAppPath() + QStringLiteral("debug.txt");
+    return userStateDir() + QStringLiteral("debug.txt");
+}
+
+QString CUtility::GetRecoveryDir()
+{
+    return GetCacheDir() + QStringLiteral("recovery/");
 }
 
 QString CUtility::CreateTempFile()
@@ -159,8 +223,7 @@ QString CUtility::EscapeCaption(const QString& text)
     return result;
 }
 
-void CUtility::ParsePath(const QString& path, QString& directory, QString& name,
-                         QString& extension)
+void CUtility::ParsePath(const QString& path, QString& directory, QString& name, QString& extension)
 {
     const qsizetype slash =
         std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
@@ -185,9 +248,8 @@ std::int32_t CUtility::RandomNumber(std::int32_t lower, std::int32_t upper)
 {
     if (upper < lower)
         std::swap(lower, upper);
-    return static_cast<std::int32_t>(
-        QRandomGenerator::global()->bounded(static_cast<qint64>(lower),
-                                            static_cast<qint64>(upper) + 1));
+    return static_cast<std::int32_t>(QRandomGenerator::global()->bounded(
+        static_cast<qint64>(lower), static_cast<qint64>(upper) + 1));
 }
 
 double CUtility::GetTimestamp()

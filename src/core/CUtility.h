@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <memory>
@@ -19,8 +20,7 @@ public:
     static QString GenerateId();
 
     // First position whose UniqueId equals id exactly, 0 if none.
-    template <typename T>
-    static std::int32_t SearchById(const CVector<T>& list, const QString& id)
+    template <typename T> static std::int32_t SearchById(const CVector<T>& list, const QString& id)
     {
         for (std::int32_t i = 1; i <= list.Count(); ++i) {
             if (list.Item(i)->UniqueId() == id)
@@ -49,8 +49,7 @@ public:
     }
 
     // In-place selection sort by name, case-insensitive, ascending; not stable.
-    template <typename T>
-    static void SortByName(CVector<T>& list)
+    template <typename T> static void SortByName(CVector<T>& list)
     {
         for (std::int32_t i = 1; i <= list.Count(); ++i) {
             QString current = list.Item(i)->Name();
@@ -64,12 +63,30 @@ public:
     }
 
     // --- paths and files ----------------------------------------------------
+    // Two layouts. Portable, when $KORVANE_HOME is set or the executable's
+    // directory holds a "modules" folder (a build folder, an unpacked zip):
+    // modules/, usermods/, cache/ and debug.txt all live in that home.
+    // Installed otherwise, the freedesktop way: shipped modules in
+    // <exe>/../share/korvane/modules/ (read only), the user's modules and user
+    // modules under $XDG_DATA_HOME/korvane/, the cache in
+    // $XDG_CACHE_HOME/korvane/, the trace in $XDG_STATE_HOME/korvane/.
+    static bool IsPortable();
     // The home: $KORVANE_HOME when set, else the executable's directory.
     static QString GetAppPath();
     static QString GetCurrentPath();
+    // Where modules are installed to: the home's modules/, or the user's.
     static QString GetModuleDir();
+    // Where modules are found, in discovery order: the user's folder first,
+    // so that a user's copy of a module wins over the shipped one.
+    static QStringList GetModuleDirs();
+    // The shipped modules of an installed tree, located from the executable.
+    static QString GetInstalledModuleDir();
     static QString GetCacheDir();
     static QString GetUserModuleDir();
+    // The trace file's full path.
+    static QString GetTraceFile();
+    // Recovery copies of games with unsaved changes, inside the cache.
+    static QString GetRecoveryDir();
 
     // A new, empty, uniquely named file in the temporary directory (prefix "KR").
     static QString CreateTempFile();

@@ -24,27 +24,26 @@ struct Place
     std::int32_t Y;
 };
 
-// One region to the right of the old unit and one region above it, kept
-// inside the board. Positions are region centres, so the region's left edge
-// is x - width / 2 and its top y - height / 2.
+// One region to the right of the old unit and one region above it. A
+// position is the top-left corner of the unit's picture, so the offsets apply
+// to it directly; the new region is kept inside the board's right edge and
+// the new picture's top below the board's top.
 Place splitPlace(const CUnit& unit, const IToken& token)
 {
     const std::int64_t width = std::max(token.RegionWidth(), 0);
     const std::int64_t height = std::max(token.RegionHeight(), 0);
-    const std::int64_t halfWidth = width / 2;
-    const std::int64_t halfHeight = height / 2;
+    const std::int64_t regionLeft = std::max(token.RegionLeft(), 0);
 
-    std::int64_t left = static_cast<std::int64_t>(unit.x()) - halfWidth + width;
+    std::int64_t x = static_cast<std::int64_t>(unit.x()) + width;
     CKorvane* root = RootOrNull();
     if (root && root->Context()) {
         const std::int64_t boardWidth = root->Context()->MapWidth();
-        if (left + width > boardWidth)
-            left = boardWidth - width;
+        if (x + regionLeft + width > boardWidth)
+            x = boardWidth - regionLeft - width;
     }
-    left = std::max<std::int64_t>(left, 0);
-    const std::int64_t top =
-        std::max<std::int64_t>(static_cast<std::int64_t>(unit.y()) - halfHeight - height, 0);
-    return {CActionHelper::Clamp32(left + halfWidth), CActionHelper::Clamp32(top + halfHeight)};
+    x = std::max<std::int64_t>(x, 0);
+    const std::int64_t y = std::max<std::int64_t>(static_cast<std::int64_t>(unit.y()) - height, 0);
+    return {CActionHelper::Clamp32(x), CActionHelper::Clamp32(y)};
 }
 
 } // namespace

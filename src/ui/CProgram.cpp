@@ -1,7 +1,10 @@
 #include "CProgram.h"
 
+#include "core/CGui.h"
 #include "core/CKorvane.h"
+#include "core/FMessageBox.h"
 #include "core/MMain.h"
+#include "persist/CRecoveryMgr.h"
 #include "ui/CWidgetGui.h"
 #include "ui/frmSplash.h"
 #include "ui/mdiMain.h"
@@ -16,6 +19,8 @@ int CProgram::Run(QApplication& application)
     QApplication::setApplicationName(CKorvane::Name());
     QApplication::setOrganizationName(CKorvane::Name());
     QApplication::setApplicationVersion(QStringLiteral(KORVANE_VERSION_STRING));
+    // Ties the windows to the installed desktop entry (its icon and name).
+    QGuiApplication::setDesktopFileName(QStringLiteral("korvane"));
     // The main window's close ends the program; the shut-down below follows.
     QApplication::setQuitOnLastWindowClosed(true);
 
@@ -37,11 +42,19 @@ int CProgram::Run(QApplication& application)
     splash.reset();
     QApplication::restoreOverrideCursor();
 
-    QStringList arguments = QApplication::arguments();
-    arguments.removeFirst();
-    MMain::HandleCommandLine(MMain::JoinArguments(arguments));
+    // Changes left by a Korvane that crashed come first; a game restored
+    // from them is not replaced by a file named on the command line.
+    CRecoveryMgr recovery;
+    FMessageBox* messages = root->Gui() ? root->Gui()->Messages() : nullptr;
+    if (!messages || !recovery.OfferRecovery(*messages)) {
+        QStringList arguments = QApplication::arguments();
+        arguments.removeFirst();
+        MMain::HandleCommandLine(MMain::JoinArguments(arguments));
+    }
+    recovery.Start();
 
     const int status = application.exec();
+    recovery.Exit();
     MMain::ShutdownApplication();
     return status;
 }

@@ -5,17 +5,21 @@
 #include "contexts/CContextMgr.h"
 #include "contexts/CImageListMgr.h"
 #include "contexts/CModuleDefinition.h"
+#include "contexts/CResFileMgr.h"
 #include "contexts/CResFileWriter.h"
-#include "contexts/CStandardGame.h"
+#include "contexts/CSquaresGame.h"
 #include "contexts/CUserDefinedGame.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "core/KorvaneError.h"
+#include "support/PackEdit.h"
+#include "support/QtPrinters.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 
 #include <gtest/gtest.h>
@@ -41,10 +45,6 @@ protected:
     {
         return m.WriteTo(home.File(QStringLiteral("modules/") + file));
     }
-    QString userModule(const QString& file, const TestModule& m) const
-    {
-        return m.WriteTo(home.File(QStringLiteral("usermods/") + file));
-    }
     static TestModule titled(const QString& uniqueId, const QString& title)
     {
         TestModule m;
@@ -64,6 +64,37 @@ protected:
         return result;
     }
 
+    // A record as one line: position found by id, caption and name, id twice,
+    // class kind, file type, folder, short code, url, and how far its
+    // definition was read (with its cache file present or not).
+    QString describe(const CContextMgr& manager, std::int32_t position) const
+    {
+        const auto& info = manager.Infos().Item(position);
+        const std::shared_ptr<IGameContext> context = manager.Context(position);
+        const bool userClass = std::dynamic_pointer_cast<CUserDefinedGame>(context) != nullptr;
+        QString definition = QStringLiteral("none");
+        if (info->Definition()) {
+            definition = info->Definition()->BodyLoaded() ? "body" : "header";
+            if (info->CacheDirectory() == CUtility::GetCacheDir() &&
+                CUtility::FileExists(info->CacheDirectory() + info->DefinitionFile()))
+                definition += QStringLiteral(" cached");
+        }
+        return QStringList{QString::number(manager.PosOfContext(context->Id())),
+                           context->Caption(),
+                           info->Name(),
+                           context->Id(),
+                           info->Id(),
+                           userClass ? "user class" : "module class",
+                           context->IsUserDefined() ? "user" : "module",
+                           context->FileExtension(),
+                           context->FileCaption(),
+                           QDir(home.Path()).relativeFilePath(info->Directory()),
+                           info->ShortCode(),
+                           context->Url(),
+                           definition}
+            .join(QLatin1Char('|'));
+    }
+
     TestHome home;
 };
 
@@ -79,74 +110,57 @@ public:
 
 TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
 {
-    module(QStringLiteral("alpha.krm"),
-           titled(QStringLiteral("pass"), QStringLiteral("Mountain Pass")));
-    module(QStringLiteral("mid.krm"),
-           titled(QStringLiteral("front"), QStringLiteral("beta Front")));
-    module(QStringLiteral("zeta.krm"),
-           titled(QStringLiteral("wars"), QStringLiteral("Alpha Wars")));
-    userModule(QStringLiteral("b.udm"), titled(QStringLiteral("mine"), QStringLiteral("Zz Mine")));
-    userModule(QStringLiteral("aaa.udm"),
-               titled(QStringLiteral("aardvark"), QStringLiteral("Aardvark")));
+    module(QStringLiteral("alpha.krm"), titled("pass", "Mountain Pass"));
+    module(QStringLiteral("mid.krm"), titled("front", "beta Front"));
+    // Odd entries cost only themselves.
+    home.WriteFile(QStringLiteral("modules/zeta.krm"),
+                   AppendRawEntries(titled("wars", "Alpha Wars").Pack(),
+                                    {{"notes..txt", "n"}, {"img\\x.bmp", "x"}, {"ICON.PNG", "i"}}));
+    titled("mine", "Zz Mine").WriteTo(home.File(QStringLiteral("usermods/b.udm")));
+    titled("aardvark", "Aardvark").WriteTo(home.File(QStringLiteral("usermods/aaa.udm")));
 
     RecordingProgress progress;
     std::int32_t seenByGui = -1;
     CKorvane& root =
         startRoot(&progress, [&seenByGui] { return std::make_unique<CountingGui>(seenByGui); });
     const CContextMgr& manager = root.ContextMgr();
-
-    EXPECT_EQ(captions(manager),
-              (QStringList{"Alpha Wars", "beta Front", "Mountain Pass", "Aardvark", "Zz Mine"}));
     EXPECT_EQ(seenByGui, 5) << "discovery must be over before the windows are built";
 
-    // Progress: the search, then each module in listing order, between the
-    // root's own first and last lines.
+    const QString module = "module class|module|krf|Korvane Game Files|modules||";
+    const QString user = "user class|user|cmf|Custom Korvane Map Files|usermods||";
     const QStringList expected{
-        "Initializing...",
-        "Searching for Games...",
-        "Module 'Mountain Pass' was loaded...",
-        "Module 'beta Front' was loaded...",
-        "Module 'Alpha Wars' was loaded...",
-        "Module 'Aardvark' was loaded...",
-        "Module 'Zz Mine' was loaded...",
-        "Finished...",
-        "",
+        "1|Alpha Wars|Alpha Wars|krm_wars_v1|krm_wars_v1|" + module +
+            "https://example.org/wars|header cached",
+        "2|beta Front|beta Front|krm_front_v1|krm_front_v1|" + module +
+            "https://example.org/front|header cached",
+        "3|Mountain Pass|Mountain Pass|krm_pass_v1|krm_pass_v1|" + module +
+            "https://example.org/pass|header cached",
+        "4|Aardvark|Aardvark|udm_aardvark_v1|udm_aardvark_v1|" + user +
+            "https://example.org/aardvark|header cached",
+        "5|Zz Mine|Zz Mine|udm_mine_v1|udm_mine_v1|" + user +
+            "https://example.org/mine|header cached",
     };
-    EXPECT_EQ(progress.Texts, expected);
-    ASSERT_EQ(progress.Seconds.size(), expected.size());
-    EXPECT_FLOAT_EQ(progress.Seconds[1], 0.2f);
-    EXPECT_FLOAT_EQ(progress.Seconds[2], 0.1f);
-
-    const QString ids[] = {"krm_wars_v1", "krm_front_v1", "krm_pass_v1", "udm_aardvark_v1",
-                           "udm_mine_v1"};
-    for (std::int32_t i = 1; i <= 5; ++i) {
-        const auto& info = manager.Infos().Item(i);
-        const std::shared_ptr<IGameContext> context = manager.Context(i);
-        const bool user = i > 3;
-        EXPECT_EQ(context->Id(), ids[i - 1]);
-        EXPECT_EQ(info->Id(), ids[i - 1]);
-        EXPECT_EQ(info->Name(), context->Caption());
-        EXPECT_EQ(manager.PosOfContext(ids[i - 1]), i);
-        EXPECT_EQ(context->IsUserDefined(), user);
-        EXPECT_EQ(std::dynamic_pointer_cast<CUserDefinedGame>(context) != nullptr, user);
-        EXPECT_EQ(context->FileExtension(), user ? "cmf" : "krf");
-        EXPECT_EQ(context->FileCaption(), user ? "Custom Korvane Map Files" : "Korvane Game Files");
-        EXPECT_EQ(info->Directory(),
-                  user ? CUtility::GetUserModuleDir() : CUtility::GetModuleDir());
-        EXPECT_TRUE(info->ShortCode().isEmpty());
-        ASSERT_TRUE(info->Definition());
-        EXPECT_EQ(info->CacheDirectory(), CUtility::GetCacheDir());
-        EXPECT_TRUE(CUtility::FileExists(info->CacheDirectory() + info->DefinitionFile()));
-        // The header alone is read at start-up.
-        EXPECT_FALSE(info->Definition()->BodyLoaded());
-        EXPECT_EQ(context->Url(), QStringLiteral("https://example.org/") +
-                                      ids[i - 1].mid(4, ids[i - 1].size() - 7));
-        EXPECT_EQ(context->Picture().pixelColor(3, 3), TestModule::ColorOf("icon.png"));
+    for (std::int32_t i = 1; i <= manager.ContextCount(); ++i) {
+        EXPECT_EQ(describe(manager, i), expected.value(i - 1));
+        EXPECT_EQ(manager.Context(i)->Picture().pixelColor(3, 3), TestModule::ColorOf("icon.png"));
     }
+    EXPECT_EQ(manager.ContextCount(), 5);
     EXPECT_EQ(manager.PosOfContext(QStringLiteral("krm_unknown_v1")), 0);
     EXPECT_EQ(manager.PosOfContext(QStringLiteral("KRM_WARS_V1")), 0);
     EXPECT_THROW(manager.Context(0), KorvaneError);
     EXPECT_THROW(manager.Context(6), KorvaneError);
+
+    // Progress: the search, then each module in listing order, between the
+    // root's own first and last lines.
+    EXPECT_EQ(
+        progress.Texts,
+        (QStringList{"Initializing...", "Searching for Games...",
+                     "Module 'Mountain Pass' was loaded...", "Module 'beta Front' was loaded...",
+                     "Module 'Alpha Wars' was loaded...", "Module 'Aardvark' was loaded...",
+                     "Module 'Zz Mine' was loaded...", "Finished...", ""}));
+    ASSERT_EQ(progress.Seconds.size(), 9);
+    EXPECT_FLOAT_EQ(progress.Seconds[1], 0.2f);
+    EXPECT_FLOAT_EQ(progress.Seconds[2], 0.1f);
 
     // Shutting down disposes every context, which removes what they unpacked.
     EXPECT_EQ(cacheFileCount(), 5);
@@ -168,77 +182,71 @@ TEST_F(ContextMgrTest, FixedFileNamesAreServedByTheirOwnClassesInAnyCase)
 
     CKorvane& root = startRoot();
     const CContextMgr& manager = root.ContextMgr();
-    ASSERT_EQ(manager.ContextCount(), 2);
-    EXPECT_EQ(captions(manager), (QStringList{"Axis & Allies Europe", "Korvane Chess"}));
-
-    const std::int32_t chessAt =
-        manager.PosOfContext(QStringLiteral("krm_chess_by_tavrelstudio_v1"));
-    ASSERT_EQ(chessAt, 2);
-    const auto& info = manager.Infos().Item(chessAt);
-    const std::shared_ptr<IGameContext> context = manager.Context(chessAt);
+    EXPECT_EQ(describe(manager, 2),
+              QStringLiteral("2|Korvane Chess|Korvane Chess|krm_chess_by_tavrelstudio_v1|"
+                             "krm_chess_by_tavrelstudio_v1|module class|module|mcm|Korvane "
+                             "Chess Files|modules|KRC|https://example.org/some_chess|none"));
+    const std::shared_ptr<IGameContext> context = manager.Context(2);
     ASSERT_TRUE(std::dynamic_pointer_cast<CChessGame>(context));
-    EXPECT_EQ(info->ShortCode(), QStringLiteral("KRC"));
-    EXPECT_EQ(info->FileName(), QStringLiteral("KRCV1A.KRM"));
-    EXPECT_EQ(info->Name(), QStringLiteral("Korvane Chess"));
-    EXPECT_FALSE(info->Definition());
-    EXPECT_TRUE(info->DefinitionFile().isEmpty());
-    EXPECT_EQ(context->FileExtension(), QStringLiteral("mcm"));
-    EXPECT_EQ(context->FileCaption(), QStringLiteral("Korvane Chess Files"));
-    EXPECT_EQ(context->FontName(), QStringLiteral("Arial"));
-    EXPECT_EQ(context->FontSize(), 9);
-    EXPECT_FALSE(context->HasTransparentLabel());
-    EXPECT_EQ(context->MultiplierPrefix(), QStringLiteral("x"));
-    EXPECT_EQ(context->LabelForeColor(), 65535);
-    EXPECT_EQ(context->LabelMovedColor(), 65280);
-    EXPECT_EQ(context->LabelBackColor(), 0);
+    EXPECT_EQ(manager.Infos().Item(2)->FileName(), QStringLiteral("KRCV1A.KRM"));
+    EXPECT_EQ(QStringLiteral("%1|%2|%3|%4|%5|%6|%7")
+                  .arg(context->FontName())
+                  .arg(context->FontSize())
+                  .arg(context->HasTransparentLabel())
+                  .arg(context->MultiplierPrefix())
+                  .arg(context->LabelForeColor())
+                  .arg(context->LabelMovedColor())
+                  .arg(context->LabelBackColor()),
+              QStringLiteral("Arial|9|0|x|65535|65280|0"));
 
     // Its tokens come from the definition in its own pack; its identity does not.
     context->Activate(nullptr);
-    ASSERT_EQ(context->Tokens().Count(), 2);
-    EXPECT_EQ(context->Tokens().Item(1)->Category(), QStringLiteral("White"));
-    EXPECT_EQ(context->Tokens().Item(2)->Id(), QStringLiteral("bk"));
+    QStringList tokens;
+    for (const auto& token : context->Tokens())
+        tokens << token->Id() + QLatin1Char('/') + token->Category();
+    EXPECT_EQ(tokens, (QStringList{"wk/White", "bk/Black"}));
     EXPECT_EQ(context->Caption(), QStringLiteral("Korvane Chess"));
-    EXPECT_EQ(context->Url(), QStringLiteral("https://example.org/some_chess"));
     context->Deactivate();
 
-    // A fixed pack without a definition is listed, but cannot be activated.
-    const std::shared_ptr<IGameContext> europe = manager.Context(1);
-    ASSERT_TRUE(std::dynamic_pointer_cast<CAaeGame>(europe));
+    // Fixed packs without a definition, or damaged whole, are listed but
+    // cannot be activated.
+    EXPECT_EQ(captions(manager), (QStringList{"Axis & Allies Europe", "Korvane Chess",
+                                              "SQUARES - Civil War Battle Game"}));
+    EXPECT_TRUE(std::dynamic_pointer_cast<CAaeGame>(manager.Context(1)));
+    EXPECT_TRUE(std::dynamic_pointer_cast<CSquaresGame>(manager.Context(3)));
     EXPECT_EQ(manager.Infos().Item(1)->ShortCode(), QStringLiteral("AAE"));
-    try {
-        europe->Activate(nullptr);
-        FAIL() << "a pack without module.def was activated";
-    } catch (const KorvaneError& error) {
-        EXPECT_TRUE(error.Description().contains(QStringLiteral("Aaev1.krm")))
-            << error.Description().toStdString();
-        EXPECT_TRUE(error.Description().contains(QStringLiteral("module.def")));
+    for (const auto& [position, file] : {std::pair{1, "Aaev1.krm"}, std::pair{3, "squv1.krm"}}) {
+        const std::shared_ptr<IGameContext> unusable = manager.Context(position);
+        try {
+            unusable->Activate(nullptr);
+            ADD_FAILURE() << file << " was activated";
+        } catch (const KorvaneError& error) {
+            EXPECT_TRUE(error.Description().contains(QLatin1String(file)))
+                << error.Description().toStdString();
+            EXPECT_TRUE(error.Description().contains(QStringLiteral("module.def")));
+        }
+        EXPECT_EQ(unusable->Tokens().Count(), 0);
+        EXPECT_TRUE(unusable->Picture().isNull());
     }
-    EXPECT_EQ(europe->Tokens().Count(), 0);
-    EXPECT_TRUE(europe->Picture().isNull());
     EXPECT_EQ(root.ImageListMgr().ListCount(), 0);
 }
 
 TEST_F(ContextMgrTest, FirstPackOfAnIdWins)
 {
-    module(QStringLiteral("a_first.krm"), titled(QStringLiteral("twin"), QStringLiteral("First")));
-    module(QStringLiteral("B_second.krm"),
-           titled(QStringLiteral("twin"), QStringLiteral("Second")));
-    module(QStringLiteral("c_chess.krm"),
-           titled(QStringLiteral("chess_by_tavrelstudio"), QStringLiteral("Chess Copy")));
+    module(QStringLiteral("a_first.krm"), titled("twin", "First"));
+    module(QStringLiteral("B_second.krm"), titled("twin", "Second"));
+    module(QStringLiteral("c_chess.krm"), titled("chess_by_tavrelstudio", "Chess Copy"));
     // A fixed file listed later loses to the standard module that took its id first.
-    module(QStringLiteral("krcv1a.krm"), titled(QStringLiteral("x"), QStringLiteral("Ignored")));
+    module(QStringLiteral("krcv1a.krm"), titled("x", "Ignored"));
     // The same unique id in a user module is another id.
-    userModule(QStringLiteral("twin.udm"),
-               titled(QStringLiteral("twin"), QStringLiteral("User Twin")));
-    userModule(QStringLiteral("twin2.udm"),
-               titled(QStringLiteral("twin"), QStringLiteral("User Twin 2")));
+    titled("twin", "User Twin").WriteTo(home.File(QStringLiteral("usermods/twin.udm")));
+    titled("twin", "User Twin 2").WriteTo(home.File(QStringLiteral("usermods/twin2.udm")));
 
     RecordingProgress progress;
     CKorvane& root = startRoot(&progress);
     const CContextMgr& manager = root.ContextMgr();
     EXPECT_EQ(captions(manager), (QStringList{"Chess Copy", "First", "User Twin"}));
-    EXPECT_FALSE(std::dynamic_pointer_cast<CChessGame>(
-        manager.Context(manager.PosOfContext(QStringLiteral("krm_chess_by_tavrelstudio_v1")))));
+    EXPECT_FALSE(std::dynamic_pointer_cast<CChessGame>(manager.Context(1)));
     // Skipped packs are not announced and leave no cache file behind.
     EXPECT_FALSE(progress.Texts.join('|').contains(QStringLiteral("Second")));
     EXPECT_FALSE(progress.Texts.join('|').contains(QStringLiteral("Korvane Chess")));
@@ -257,12 +265,11 @@ TEST_F(ContextMgrTest, UnusablePacksAreSkippedSilently)
     TestModule noDefinition;
     noDefinition.WithDefinition = false;
     module(QStringLiteral("nodef.krm"), noDefinition);
-    TestModule newer = titled(QStringLiteral("newer"), QStringLiteral("Newer"));
-    CResFileWriter writer;
-    writer.AddEntry(
+    CResFileWriter newer;
+    newer.AddEntry(
         QStringLiteral("module.def"),
-        newer.Definition().replace(QStringLiteral(">1.0<"), QStringLiteral(">99.0<")).toUtf8());
-    writer.Write(home.File(QStringLiteral("modules/newer.krm")));
+        titled("newer", "Newer").Definition().replace(QStringLiteral(">1.0<"), ">99.0<").toUtf8());
+    newer.Write(home.File(QStringLiteral("modules/newer.krm")));
     CResFileWriter broken;
     broken.AddEntry(QStringLiteral("module.def"), "<module_def format_version=\"1\"><game_info>");
     QDir().mkpath(home.File(QStringLiteral("usermods")));
@@ -287,6 +294,22 @@ TEST_F(ContextMgrTest, UnusablePacksAreSkippedSilently)
     EXPECT_EQ(captions(root.ContextMgr()), QStringList{"Good"});
     // Only the good module's definition stays in the cache.
     EXPECT_EQ(cacheFileCount(), 1);
+}
+
+TEST_F(ContextMgrTest, APackOfAHundredThousandEntriesIsFoundQuickly)
+{
+    TestModule crowded = titled(QStringLiteral("crowded"), QStringLiteral("Crowded"));
+    for (int i = 0; i < 100000; ++i)
+        crowded.Extra.emplace_back(QStringLiteral("e%1").arg(i), QByteArray());
+    module(QStringLiteral("crowded.krm"), crowded);
+
+    QElapsedTimer timer;
+    timer.start();
+    CKorvane& root = startRoot();
+    // Far above what it takes; a directory scanned once per entry takes minutes.
+    EXPECT_LT(timer.elapsed(), 20000);
+    EXPECT_EQ(captions(root.ContextMgr()), QStringList{"Crowded"});
+    EXPECT_EQ(root.ContextMgr().Infos().Item(1)->ResFile()->EntryCount(), 100000 + 4);
 }
 
 TEST(ContextIds, ShortCodesTranslateBothWaysExactly)

@@ -108,73 +108,84 @@ TEST_F(ModuleDefinitionTest, HeaderGivesIdentity)
     }
 }
 
-TEST_F(ModuleDefinitionTest, HeaderRefusesBadDocumentsQuietly)
+TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
 {
-    const QString doctype =
+    const QString prolog =
         QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n");
+    const QString valid = QString::fromUtf8(validDefinition);
+    // Refused by the header (naming the line of the edit, or not), or only by the body.
+    enum Stage
+    {
+        Header,
+        HeaderAtLine,
+        Body
+    };
+    // Each case is an edit of the valid document.
     const struct
     {
         const char* what;
-        QString document;
+        QString from;
+        QString to;
         QString reasonPart;
-        bool reasonOnItsLine = false;
+        Stage stage = Header;
     } cases[] = {
-        {"unknown token type",
-         changed(QStringLiteral("\"Numeric\""), QStringLiteral("\"Cavalry\"")), "Cavalry", true},
-        {"wrong root element",
-         QStringLiteral("<game_info><title>t</title><author/><url/><copyright/>"
-                        "<min_kr_version>1.0</min_kr_version></game_info>"),
+        {"unknown token type", "\"Numeric\"", "\"Cavalry\"", "Cavalry", HeaderAtLine},
+        {"wrong root element", valid,
+         "<game_info><title>t</title><author/><url/><copyright/>"
+         "<min_kr_version>1.0</min_kr_version></game_info>",
          "not <module_def>"},
-        {"newer revision needed", changed(QStringLiteral(">1.0.0<"), QStringLiteral(">1.0.1<")),
-         "1.0.1 or later"},
-        {"newer minor needed", changed(QStringLiteral(">1.0.0<"), QStringLiteral(">1.1<")),
-         "1.1 or later"},
-        {"newer major needed", changed(QStringLiteral(">1.0.0<"), QStringLiteral(">2<")),
-         "2 or later"},
-        {"unreadable version", changed(QStringLiteral(">1.0.0<"), QStringLiteral(">1.x<")), "1.x"},
-        {"unknown format version",
-         changed(QStringLiteral("format_version=\"1\""), QStringLiteral("format_version=\"2\"")),
+        {"newer revision needed", ">1.0.0<", ">1.0.1<", "1.0.1 or later"},
+        {"newer minor needed", ">1.0.0<", ">1.1<", "1.1 or later"},
+        {"newer major needed", ">1.0.0<", ">2<", "2 or later"},
+        {"unreadable version", ">1.0.0<", ">1.x<", "1.x"},
+        {"unknown format version", "format_version=\"1\"", "format_version=\"2\"",
          "format_version"},
-        {"own DOCTYPE",
-         changed(doctype,
-                 doctype + QStringLiteral("<!DOCTYPE module_def [<!ELEMENT module_def ANY>]>\n")),
+        {"own DOCTYPE", prolog, prolog + "<!DOCTYPE module_def [<!ELEMENT module_def ANY>]>\n",
          "DOCTYPE"},
         {"external entity",
-         changed(doctype, doctype + QStringLiteral("<!DOCTYPE module_def [<!ENTITY secret SYSTEM "
-                                                   "\"file:///etc/passwd\">]>\n"))
-             .replace(QStringLiteral("Test Skirmish"), QStringLiteral("&secret;")),
+         prolog + "<module_def format_version=\"1\">\n  <game_info><title>Test Skirmish",
+         prolog + "<!DOCTYPE module_def [<!ENTITY secret SYSTEM \"file:///etc/passwd\">]>\n"
+                  "<module_def format_version=\"1\">\n  <game_info><title>&secret;",
          "DOCTYPE"},
-        {"undeclared entity", changed(QStringLiteral("Test Skirmish"), QStringLiteral("&nbsp;")),
-         "nbsp"},
-        {"malformed XML",
-         changed(QStringLiteral("Flag</caption>"), QStringLiteral("Flag</captoin>")), "captoin",
-         true},
-        {"missing element", changed(QStringLiteral("<copyright>2024</copyright>"), QString()),
-         "game_info"},
-        {"not XML at all", QStringLiteral("PK\x03\x04 this is a zip"), ""},
+        {"undeclared entity", "Test Skirmish", "&nbsp;", "nbsp"},
+        {"malformed XML", "Flag</caption>", "Flag</captoin>", "captoin", HeaderAtLine},
+        {"missing element", "<copyright>2024</copyright>", "", "game_info"},
+        {"not XML at all", valid, "PK\x03\x04 this is a zip", ""},
+        {"boolean", ">TRUE<", ">yes<", "yes", Body},
+        {"mask colour", ">#FF00FF<", ">FF00FF<", "FF00FF", Body},
+        {"font size", ">8.5<", ">big<", "big", Body},
+        {"picture size", ">48<", ">50000<", "50000", Body},
+        {"region", "<click_region_x>2<", "<click_region_x>two<", "two", Body},
+        {"region below -1", "<click_region_y>3<", "<click_region_y>-2<", "-2", Body},
+        {"duplicate token id", "token_id=\"turn\" token_type", "token_id=\"inf\" token_type", "inf",
+         Body},
     };
-    CModuleDefinition definition;
     for (const auto& c : cases) {
+        const QString document = changed(c.from, c.to);
+        CModuleDefinition definition;
         testing::internal::CaptureStderr();
-        const bool loaded = definition.LoadHeader(write(c.document));
+        const bool header = definition.LoadHeader(write(document));
+        const bool body = header && definition.LoadBody();
         const std::string console = testing::internal::GetCapturedStderr();
-        EXPECT_FALSE(loaded) << c.what;
-        EXPECT_FALSE(definition.HeaderLoaded()) << c.what;
-        EXPECT_TRUE(definition.Id().isEmpty()) << c.what;
+        EXPECT_EQ(header, c.stage == Body) << c.what;
+        EXPECT_FALSE(body) << c.what;
+        EXPECT_FALSE(definition.BodyLoaded()) << c.what;
+        EXPECT_EQ(definition.TokenCount(), 0) << c.what;
+        EXPECT_EQ(definition.Id().isEmpty(), c.stage != Body) << c.what;
         EXPECT_TRUE(definition.LastError().contains(c.reasonPart))
             << c.what << ": " << definition.LastError().toStdString();
         EXPECT_TRUE(console.empty()) << c.what << ": " << console;
-        // The reason names the line that broke the rules.
-        if (c.reasonOnItsLine) {
-            EXPECT_EQ(definition.LastErrorLine(), lineOf(c.document, c.reasonPart)) << c.what;
+        if (c.stage != Header) {
+            EXPECT_EQ(definition.LastErrorLine(), lineOf(document, c.to)) << c.what;
         }
     }
 
+    CModuleDefinition definition;
     EXPECT_FALSE(definition.LoadHeader(home.File(QStringLiteral("cache/none.def"))));
     EXPECT_FALSE(definition.LoadBody());
 
     // Nested entities are refused before they can grow.
-    QString laughs = doctype + QStringLiteral("<!DOCTYPE module_def [<!ENTITY a \"aaaaaaaaaa\">");
+    QString laughs = prolog + QStringLiteral("<!DOCTYPE module_def [<!ENTITY a \"aaaaaaaaaa\">");
     for (char c = 'b'; c <= 'k'; ++c)
         laughs += QStringLiteral("<!ENTITY %1 \"%2\">")
                       .arg(QLatin1Char(c))
@@ -252,35 +263,6 @@ TEST_F(ModuleDefinitionTest, BodyReadsEveryMember)
     EXPECT_EQ(definition.LabelForeColor(), 0xFF0000);
     EXPECT_EQ(definition.LabelMovedColor(), 0x00FF00);
     EXPECT_EQ(definition.LabelBackColor(), 0x302010);
-}
-
-TEST_F(ModuleDefinitionTest, BodyRefusesValuesItCannotUse)
-{
-    const struct
-    {
-        const char* what;
-        QString from;
-        QString to;
-    } cases[] = {
-        {"boolean", QStringLiteral(">TRUE<"), QStringLiteral(">yes<")},
-        {"mask colour", QStringLiteral(">#FF00FF<"), QStringLiteral(">FF00FF<")},
-        {"font size", QStringLiteral(">8.5<"), QStringLiteral(">big<")},
-        {"picture size", QStringLiteral(">48<"), QStringLiteral(">50000<")},
-        {"region", QStringLiteral("<click_region_x>2<"), QStringLiteral("<click_region_x>two<")},
-        {"region below -1", QStringLiteral("<click_region_y>3<"),
-         QStringLiteral("<click_region_y>-2<")},
-        {"duplicate token id", QStringLiteral("token_id=\"turn\" token_type"),
-         QStringLiteral("token_id=\"inf\" token_type")},
-    };
-    for (const auto& c : cases) {
-        CModuleDefinition definition;
-        const QString document = changed(c.from, c.to);
-        ASSERT_TRUE(definition.LoadHeader(write(document))) << c.what;
-        EXPECT_FALSE(definition.LoadBody()) << c.what;
-        EXPECT_FALSE(definition.BodyLoaded()) << c.what;
-        EXPECT_EQ(definition.TokenCount(), 0) << c.what;
-        EXPECT_EQ(definition.LastErrorLine(), lineOf(document, c.to)) << c.what;
-    }
 }
 
 TEST(ModuleDefinitionColor, ParsesOnlyHashAndSixHexDigits)

@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 
 #include <cstring>
@@ -67,6 +68,14 @@ QByteArray rawPack(std::int32_t count, const std::vector<RawEntry>& entries, con
     return bytes + data;
 }
 
+// Where a pack's data starts when nothing pads it.
+std::int32_t directoryEnd(const QByteArray& pack)
+{
+    std::int32_t stored = 0;
+    std::memcpy(&stored, pack.constData() + 4, 4);
+    return 8 + stored;
+}
+
 class ResFileTest : public RootFixture
 {
 protected:
@@ -109,9 +118,10 @@ TEST_F(ResFileTest, EntriesRoundTripInAnyCase)
     EXPECT_LT(def.StoredLength, def.UnpackedLength);
     const CResFileEntry& raw = pack.Entry(pack.FindEntry(QStringLiteral("Noise.Bin")));
     EXPECT_EQ(raw.StoredLength, raw.UnpackedLength);
-    // Positions count from the start of the file.
-    EXPECT_EQ(home.ReadFile(QStringLiteral("modules/test.krm")).mid(raw.Position, raw.StoredLength),
-              noise);
+    // Positions count from the start of the file; the data follows the directory at once.
+    const QByteArray bytes = home.ReadFile(QStringLiteral("modules/test.krm"));
+    EXPECT_EQ(bytes.mid(raw.Position, raw.StoredLength), noise);
+    EXPECT_EQ(pack.Entry(1).Position, directoryEnd(bytes));
 
     EXPECT_FALSE(CUtility::DirExists(CUtility::GetCacheDir()));
     QString out;
@@ -157,6 +167,23 @@ TEST_F(ResFileTest, CacheFilesBelongToOnePackVersion)
     QFile::resize(CUtility::GetCacheDir() + outA, 3);
     ASSERT_TRUE(a.UnpackFile(QStringLiteral("board.png"), -1, outA));
     EXPECT_EQ(cached(outA), QByteArray("first module's board"));
+
+    // Another reader of the pack (another process, say) finds a's file and
+    // leaves it to a; once a removes it, the other unpacks it again on use.
+    CResFileMgr other(home.File(QStringLiteral("modules")), QStringLiteral("a.krm"));
+    ASSERT_TRUE(other.UnpackFile(QStringLiteral("board.png"), -1, outB));
+    other.RemoveCachedFiles();
+    EXPECT_EQ(cached(outA), QByteArray("first module's board"));
+    a.RemoveCachedFiles();
+    EXPECT_TRUE(cached(outA).isEmpty());
+    int calls = 0;
+    EXPECT_TRUE(other.UnpackAndUse(QStringLiteral("board.png"), [&](const QString& path) {
+        // The first use finds the file gone, as if removed just after the unpack.
+        if (++calls == 1)
+            QFile::remove(path);
+        return cached(QFileInfo(path).fileName()) == "first module's board";
+    }));
+    EXPECT_EQ(calls, 2);
 
     // The same pack rewritten: same size, new time; then a new size.
     const QString path = home.File(QStringLiteral("modules/a.krm"));
@@ -209,11 +236,9 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
         {"entry outside the file", rawPack(1, {{"a", 50, 400, 400}}, payload)},
         {"entry before the data", rawPack(1, {{"a", 2, 4, 4}}, payload)},
         {"negative position", rawPack(1, {{"a", -8, 4, 4}}, payload)},
-        {"slash in name", rawPack(1, {{"../x", 60, 4, 4}}, payload)},
-        {"dots in name", rawPack(1, {{"..", 60, 4, 4}}, payload)},
-        {"backslash in name", rawPack(1, {{"a\\b", 60, 4, 4}}, payload)},
-        {"empty name", rawPack(1, {{"", 60, 4, 4}}, payload)},
-        {"duplicate names", rawPack(2, {{"a", 60, 4, 4}, {"A", 60, 4, 4}}, payload)},
+        {"name leading up", rawPack(2, {{"b", 60, 4, 4}, {"../x", 60, 4, 4}}, payload)},
+        {"name that is ..", rawPack(1, {{"..", 60, 4, 4}}, payload)},
+        {"name leading up behind", rawPack(1, {{"a\\..\\..\\b", 60, 4, 4}}, payload)},
         {"absurd unpacked length", rawPack(1, {{"a", 60, 4, 0x7FFFFFF0}}, payload)},
         {"inflates too far", rawPack(1, {{"a", 60, 4, 100000}}, payload)},
     };
@@ -240,6 +265,37 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
     CResFileMgr missing(home.File(QStringLiteral("modules")), QStringLiteral("none.krm"));
     EXPECT_FALSE(missing.IsOpen());
     EXPECT_THROW(missing.Entry(1), KorvaneError);
+}
+
+TEST_F(ResFileTest, OddEntriesAreIgnoredAloneAndPaddedPacksStillRead)
+{
+    // Data 48 bytes after the directory, as older writers padded it.
+    const QByteArray payload = QByteArray("good") + QByteArray("BAD!") + QByteArray("dupe");
+    const std::vector<RawEntry> entries{{"notes..txt", 0, 4, 4}, {"img\\x.bmp", 0, 4, 4},
+                                        {"Good.png", 0, 4, 4},   {"", 4, 4, 4},
+                                        {"GOOD.PNG", 8, 4, 4},   {"sub/dir.png", 4, 4, 4}};
+    const std::int32_t dataStart = directoryEnd(rawPack(6, entries, payload)) + 48;
+    std::vector<RawEntry> placed = entries;
+    for (RawEntry& entry : placed)
+        entry.Position += dataStart;
+    const QByteArray head = rawPack(6, placed, QByteArray());
+    ASSERT_LT(head.size(), dataStart);
+    home.WriteFile(QStringLiteral("modules/odd.krm"),
+                   head + QByteArray(dataStart - head.size(), '\0') + payload);
+
+    CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("odd.krm"));
+    ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
+    ASSERT_EQ(pack.EntryCount(), 1);
+    QByteArray data;
+    ASSERT_TRUE(pack.ReadEntry(QStringLiteral("good.png"), data));
+    EXPECT_EQ(data, QByteArray("good")) << "the first of two like-named entries wins";
+    QStringList ignored;
+    for (const CResFileIgnoredEntry& entry : pack.IgnoredEntries())
+        ignored << entry.Name;
+    EXPECT_EQ(ignored, (QStringList{"notes..txt", "img\\x.bmp", "", "good.png", "sub/dir.png"}));
+    QString out;
+    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("notes..txt"), -1, out));
+    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("sub/dir.png"), -1, out));
 }
 
 TEST_F(ResFileTest, UnpackImageDecodesPictures)

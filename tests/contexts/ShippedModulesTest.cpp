@@ -9,16 +9,19 @@
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
 #include "persist/CGameFile.h"
+#include "render/CBoardRenderer.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 
 #include <QDir>
 #include <QFile>
+#include <QRect>
 #include <QSet>
 
 #include <gtest/gtest.h>
 
 #include <map>
+#include <string>
 
 namespace {
 
@@ -97,47 +100,62 @@ TEST_F(ShippedModulesTest, DiscoveryListsBothModules)
         EXPECT_TRUE(drawsSomething(manager.Context(i)->Picture())) << i;
 }
 
-TEST_F(ShippedModulesTest, ChessStartsFromTheInitialPosition)
+TEST_F(ShippedModulesTest, ChessOpeningDrawsEveryPieceInsideItsOwnSquare)
 {
     const std::shared_ptr<IGameContext> chess = Root().ContextMgr().Context(
         Root().ContextMgr().PosOfContext("krm_chess_by_tavrelstudio_v1"));
     const std::shared_ptr<CGame> game = newGame(chess);
-    EXPECT_EQ(chess->MapWidth(), 400);
-    EXPECT_EQ(chess->MapHeight(), 400);
     ASSERT_EQ(chess->Tokens().Count(), 12);
-    QSet<QString> categories;
     for (const auto& token : chess->Tokens()) {
         EXPECT_EQ(token->Class(), QStringLiteral("CEmptyToken"));
-        categories.insert(token->Category());
+        EXPECT_EQ(token->Category(), token->Id().startsWith('w') ? "White" : "Black");
     }
-    EXPECT_EQ(categories, (QSet<QString>{"White", "Black"}));
     expectPictures(*chess);
-
     ASSERT_TRUE(game);
-    const std::shared_ptr<CMap> map = onlyMap(*game);
-    ASSERT_TRUE(map && map->Units());
-    ASSERT_EQ(map->Units()->Count(), 32);
-    std::map<QString, int> counts;
-    QSet<QPair<int, int>> squares;
-    for (const auto& unit : *map->Units()) {
-        ++counts[unit->Token()->Id()];
-        // Every piece on the centre of a square of its own.
-        EXPECT_EQ(unit->x() % 50, 25);
-        EXPECT_EQ(unit->y() % 50, 25);
-        EXPECT_TRUE(unit->x() < 400 && unit->y() < 400);
-        squares.insert({unit->x(), unit->y()});
-        if (unit->Token()->Id() == QLatin1String("wk")) {
-            EXPECT_EQ(QPoint(unit->x(), unit->y()), QPoint(225, 375)); // e1
+    const std::shared_ptr<CMap> opening = onlyMap(*game);
+    ASSERT_TRUE(opening && opening->Units());
+    ASSERT_EQ(opening->Units()->Count(), 32);
+
+    // Ranks 8 down to 1, files a to h; "." is an empty square.
+    const QString board = QStringLiteral("rnbqkbnr pppppppp ........ ........ "
+                                         "........ ........ PPPPPPPP RNBQKBNR")
+                              .remove(QLatin1Char(' '));
+    const CBoardRenderer renderer(chess);
+    auto map = std::make_shared<CMap>(CUtility::GenerateId(), CUtility::GenerateId());
+    map->AquireLock();
+    const QImage empty = renderer.RenderMap(*map, 1);
+    ASSERT_EQ(empty.size(), QSize(400, 400));
+    QSet<int> squares;
+    // Each piece drawn alone: whatever it changes lies in one square, the
+    // square where that piece starts.
+    for (const auto& piece : *opening->Units()) {
+        map->Units()->Clear();
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), piece->Token());
+        unit->SetX(piece->x());
+        unit->SetY(piece->y());
+        map->Units()->AddItem(unit);
+        const QImage drawn = renderer.RenderMap(*map, 1);
+        QRect changed;
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x) {
+                if (drawn.pixel(x, y) != empty.pixel(x, y))
+                    changed |= QRect(x, y, 1, 1);
+            }
         }
-        if (unit->Token()->Id() == QLatin1String("bq")) {
-            EXPECT_EQ(QPoint(unit->x(), unit->y()), QPoint(175, 25)); // d8
-        }
+        const std::string id = piece->Token()->Id().toStdString();
+        ASSERT_FALSE(changed.isEmpty()) << id;
+        const QRect square(changed.left() / 50 * 50, changed.top() / 50 * 50, 50, 50);
+        EXPECT_TRUE(square.contains(changed))
+            << id << " straddles squares: " << changed.x() << "," << changed.y() << " "
+            << changed.width() << "x" << changed.height();
+        const int index = square.top() / 50 * 8 + square.left() / 50;
+        squares.insert(index);
+        const QChar expected = board.at(index);
+        const QString token = piece->Token()->Id();
+        EXPECT_EQ(token.at(0), expected.isUpper() ? QLatin1Char('w') : QLatin1Char('b')) << id;
+        EXPECT_EQ(token.at(1), expected.toLower()) << id;
     }
     EXPECT_EQ(squares.size(), 32);
-    const std::map<QString, int> pieces{{"wp", 8}, {"wr", 2}, {"wn", 2}, {"wb", 2},
-                                        {"wq", 1}, {"wk", 1}, {"bp", 8}, {"br", 2},
-                                        {"bn", 2}, {"bb", 2}, {"bq", 1}, {"bk", 1}};
-    EXPECT_EQ(counts, pieces);
     // Each new game is a game of its own.
     EXPECT_NE(chess->CreateDefaultGame()->Id(), game->Id());
 }
@@ -147,51 +165,46 @@ TEST_F(ShippedModulesTest, SkirmishUsesEveryTokenKindAndPlacesItsUnits)
     const std::shared_ptr<IGameContext> skirmish = Root().ContextMgr().Context(1);
     const std::shared_ptr<CGame> game = newGame(skirmish);
     EXPECT_EQ(skirmish->LabelForeColor(), 0xFFFFFF);
-
-    std::map<QString, QStringList> byClass;
-    for (const auto& token : skirmish->Tokens())
-        byClass[token->Class()].append(token->Id());
-    EXPECT_EQ(byClass.size(), 5u);
-    EXPECT_EQ(byClass["CQuantityToken"].size(), 6);
-    EXPECT_EQ(byClass["CNumericToken"], (QStringList{"turn", "vp_red", "vp_blue"}));
-    EXPECT_EQ(byClass["CArrowToken"], (QStringList{"move", "attack"}));
-    EXPECT_EQ(byClass["CEmptyToken"], QStringList{"fort"});
-    QStringList arrowColours;
-    QStringList defaultTexts;
-    for (const auto& token : skirmish->Tokens()) {
-        if (token->Class() == QLatin1String("CArrowToken"))
-            arrowColours.append(token->Custom());
-        if (token->Class() == QLatin1String("CTextToken"))
-            defaultTexts.append(token->DefaultCaption());
-    }
-    EXPECT_EQ(arrowColours, (QStringList{"#2060FF", "#FF2020"}));
-    EXPECT_EQ(defaultTexts, (QStringList{"Objective", "Note"}));
     expectPictures(*skirmish);
+
+    // Token ids by kind, with the arrows' colours and the notes' default texts.
+    std::map<QString, QStringList> byClass;
+    for (const auto& token : skirmish->Tokens()) {
+        QString entry = token->Id();
+        if (token->Class() == QLatin1String("CArrowToken"))
+            entry += ' ' + token->Custom();
+        if (token->Class() == QLatin1String("CTextToken"))
+            entry += ' ' + token->DefaultCaption();
+        byClass[token->Class()].append(entry);
+    }
+    const std::map<QString, QStringList> expected{
+        {"CQuantityToken", {"red_inf", "red_arm", "red_art", "blue_inf", "blue_arm", "blue_art"}},
+        {"CNumericToken", {"turn", "vp_red", "vp_blue"}},
+        {"CArrowToken", {"move #2060FF", "attack #FF2020"}},
+        {"CEmptyToken", {"fort"}},
+        {"CTextToken", {"objective Objective", "note Note"}}};
+    EXPECT_EQ(byClass, expected);
 
     ASSERT_TRUE(game);
     const std::shared_ptr<CMap> map = onlyMap(*game);
     ASSERT_TRUE(map && map->Units());
-    EXPECT_EQ(game->Name(), QStringLiteral("Border Skirmish"));
-    EXPECT_EQ(map->Name(), QStringLiteral("Turn 1"));
+    EXPECT_EQ(game->Name() + '|' + map->Name(), QStringLiteral("Border Skirmish|Turn 1"));
     ASSERT_EQ(map->Units()->Count(), 11);
-    std::map<QString, std::shared_ptr<CUnit>> units;
+    std::map<QString, QString> units;
     for (const auto& unit : *map->Units()) {
-        units[unit->Token()->Id()] = unit;
-        EXPECT_TRUE(unit->x() > 0 && unit->x() < skirmish->MapWidth());
-        EXPECT_TRUE(unit->y() > 0 && unit->y() < skirmish->MapHeight());
+        units[unit->Token()->Id()] = unit->Caption() + '/' + unit->Data();
+        // The whole picture (40 x 40, its corner at the position) on the board.
+        EXPECT_TRUE(unit->x() >= 0 && unit->x() + 40 <= skirmish->MapWidth());
+        EXPECT_TRUE(unit->y() >= 0 && unit->y() + 40 <= skirmish->MapHeight());
+        // Each side on its own half.
+        const QString side = unit->Token()->Id().section('_', 0, 0);
+        const bool left = unit->x() + 20 < skirmish->MapWidth() / 2;
+        EXPECT_TRUE(side == QLatin1String("red") ? left : side != QLatin1String("blue") || !left);
     }
-    const auto label = [&](const char* id) {
-        const auto& unit = units[QLatin1String(id)];
-        return unit ? unit->Caption() + '/' + unit->Data() : QStringLiteral("missing");
-    };
-    EXPECT_EQ(label("red_inf"), QStringLiteral("x3/3"));
-    EXPECT_EQ(label("blue_arm").section('/', 1), QStringLiteral("2"));
-    EXPECT_EQ(label("turn").section('/', 0, 0), QStringLiteral("x1"));
-    EXPECT_EQ(label("objective").section('/', 1), QStringLiteral("Hold the bridge"));
-    ASSERT_TRUE(units["red_inf"] && units["blue_inf"]);
-    // Both sides are on the board, on their own halves.
-    EXPECT_LT(units["red_inf"]->x(), skirmish->MapWidth() / 2);
-    EXPECT_GT(units["blue_inf"]->x(), skirmish->MapWidth() / 2);
+    EXPECT_EQ(units["red_inf"], QStringLiteral("x3/3"));
+    EXPECT_EQ(units["blue_arm"], QStringLiteral("x2/2"));
+    EXPECT_EQ(units["turn"], QStringLiteral("x1/1"));
+    EXPECT_EQ(units["objective"], QStringLiteral("Objective/Hold the bridge"));
 }
 
 TEST_F(ShippedModulesTest, DefaultGamesSaveLoadAndSaveAgainToTheSameBytes)

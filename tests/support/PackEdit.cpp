@@ -2,6 +2,8 @@
 
 #include "contexts/CResFileMgr.h"
 #include "contexts/CResFileWriter.h"
+#include "persist/COutputStream.h"
+#include "persist/CZlib.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -46,4 +48,50 @@ QByteArray EditPack(const QByteArray& pack, const QMap<QString, QByteArray>& rep
     for (auto it = pending.cbegin(); it != pending.cend(); ++it)
         writer.AddEntry(it.key(), it.value());
     return writer.ToBytes();
+}
+
+QByteArray AppendRawEntries(const QByteArray& pack,
+                            const std::vector<std::pair<QString, QByteArray>>& entries)
+{
+    QTemporaryDir dir;
+    QFile file(dir.filePath(QStringLiteral("raw.krm")));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pack) == pack.size());
+    file.close();
+    CResFileMgr reader(dir.path(), QStringLiteral("raw.krm"));
+    EXPECT_TRUE(reader.IsOpen()) << reader.LastError().toStdString();
+    std::vector<std::pair<QString, QByteArray>> all;
+    for (std::int32_t i = 1; i <= reader.EntryCount(); ++i) {
+        QByteArray data;
+        EXPECT_TRUE(reader.ReadEntry(reader.Entry(i).Name, data));
+        all.emplace_back(reader.Entry(i).Name, data);
+    }
+    all.insert(all.end(), entries.begin(), entries.end());
+
+    // Every entry stored as it is; the data starts a little after the
+    // directory, which readers accept. Returns the header and the directory.
+    const auto head = [&all](std::int32_t dataStart) {
+        COutputStream plain;
+        plain.Constructor(4096);
+        plain.WriteLong(static_cast<std::int32_t>(all.size()));
+        for (const auto& [name, data] : all) {
+            plain.WriteSmallString(name);
+            plain.WriteLong(dataStart);
+            plain.WriteLong(static_cast<std::int32_t>(data.size()));
+            plain.WriteLong(static_cast<std::int32_t>(data.size()));
+            dataStart += static_cast<std::int32_t>(data.size());
+        }
+        plain.Resize(plain.Offset(), true);
+        const auto packed = CZlib().Compact(plain);
+        QByteArray bytes;
+        for (const std::int32_t value : {plain.Size(), packed->Size()})
+            bytes.append(reinterpret_cast<const char*>(&value), 4);
+        return bytes.append(reinterpret_cast<const char*>(packed->Address()), packed->Size());
+    };
+    const auto dataStart = static_cast<std::int32_t>(head(0).size() + 64);
+    QByteArray bytes = head(dataStart);
+    EXPECT_LE(bytes.size(), dataStart);
+    bytes.append(QByteArray(dataStart - bytes.size(), '\0'));
+    for (const auto& entry : all)
+        bytes.append(entry.second);
+    return bytes;
 }

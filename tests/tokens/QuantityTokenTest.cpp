@@ -118,7 +118,7 @@ TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldAsOneUndoStep)
     ASSERT_EQ(board()->Units()->Count(), 2);
     const auto split = board()->Units()->Item(2);
     EXPECT_EQ(countOf(*split), QStringLiteral("5/x5"));
-    // One region (40 x 30) to the right and one above.
+    // One region (40 x 30) to the right and one above: 200 + 40, 200 - 30.
     EXPECT_EQ(place(*split), QStringLiteral("240,170"));
     EXPECT_EQ(mgr().NextUndoAction()->Caption(), QStringLiteral("Split Off 5"));
     mgr().Undo();
@@ -129,10 +129,10 @@ TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldAsOneUndoStep)
 
 TEST_F(QuantityToken, splitsStayOnTheBoardAndTheCustomSplitAsksHowMany)
 {
-    // The board is 800 wide: the new region ends at its right edge, and its
-    // top does not go above the board.
+    // The board is 800 wide: the new picture (a position is its top-left
+    // corner) ends at the right edge, and its top does not go above the board.
     choose(stack(3, 790, 20), QStringLiteral("SPLIT_1"));
-    EXPECT_EQ(place(*board()->Units()->Item(2)), QStringLiteral("780,15"));
+    EXPECT_EQ(place(*board()->Units()->Item(2)), QStringLiteral("760,0"));
 
     const auto unit = stack(9);
     gui->Dialogs.Number = 9; // nothing would be left behind

@@ -38,6 +38,20 @@ protected:
 
     QImage render(double scale = 1) const { return CBoardRenderer(context).RenderMap(*map, scale); }
 
+    // Pixels of a colour kind in a label's box. The module's pictures have
+    // every channel from 64 up, so they never match.
+    static int pixels(const QImage& image, const QRect& box, bool (*kind)(QColor))
+    {
+        int found = 0;
+        for (int y = box.top(); y <= box.bottom(); ++y) {
+            for (int x = box.left(); x <= box.right(); ++x)
+                found += kind(image.pixelColor(x, y)) ? 1 : 0;
+        }
+        return found;
+    }
+    static bool blue(QColor c) { return c.blue() > 150 && c.red() < 30 && c.green() < 30; }
+    static bool green(QColor c) { return c.green() > 150 && c.red() < 30 && c.blue() < 30; }
+
     std::shared_ptr<CMap> map;
     const QColor board = TestModule::ColorOf(QStringLiteral("board.png"));
     const QColor infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
@@ -50,6 +64,8 @@ TEST_F(BoardRendererTest, PicturesSitAtTheUnitsPositionWithTheLabelCentredUnderT
 {
     const auto first = AddUnit(*map, QStringLiteral("inf"), 30, 40, QStringLiteral("x12"));
     AddUnit(*map, QStringLiteral("tank"), 50, 20);
+    const auto moved =
+        AddUnit(*map, "inf", 200, 100, QStringLiteral("x5"), QStringLiteral("5"), true);
     const auto arrowUnit = AddUnit(*map, QStringLiteral("move"), 150, 20);
     const CBoardRenderer renderer(context);
     EXPECT_EQ(renderer.BoardSize(), QSize(300, 200));
@@ -68,9 +84,14 @@ TEST_F(BoardRendererTest, PicturesSitAtTheUnitsPositionWithTheLabelCentredUnderT
     // The later unit covers the earlier one.
     EXPECT_TRUE(near(image.pixelColor(55, 45), tank));
     EXPECT_TRUE(near(image.pixelColor(55, 60), infantry));
-    // The label's box hides the board; arrow tokens have no picture.
+    // The label's box hides the board; arrow tokens have no picture. Labels
+    // are the module's blue on black, green for a unit that moved.
     for (int x = label.left(); x <= label.right(); ++x)
         EXPECT_FALSE(near(image.pixelColor(x, label.center().y()), board)) << x;
+    EXPECT_GT(pixels(image, label, blue), 0);
+    EXPECT_EQ(pixels(image, label, green), 0);
+    EXPECT_GT(pixels(image, renderer.LabelRect(*moved), green), 0);
+    EXPECT_EQ(pixels(image, renderer.LabelRect(*moved), blue), 0);
     EXPECT_TRUE(near(image.pixelColor(155, 25), board));
 }
 

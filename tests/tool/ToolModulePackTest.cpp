@@ -1,6 +1,9 @@
 #include "tool/ToolTestSupport.h"
 
+#include "contexts/CContextMgr.h"
 #include "contexts/CResFileMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CKorvane.h"
 #include "support/PackEdit.h"
 
 #include <QDir>
@@ -51,10 +54,14 @@ TEST_F(ToolModulePack, PackThenUnpackGivesBackTheSameFiles)
     const QString pack = home.File(QStringLiteral("war2.krm"));
     ASSERT_EQ(Tool({QStringLiteral("pack"), folder, QStringLiteral("-o"), pack}).Status, 0);
 
-    // module.def first; hidden files and folders stay out; text shrinks.
+    // module.def first, its data right after the directory; hidden files and
+    // folders stay out; text shrinks.
     CResFileMgr reader(home.Path(), QStringLiteral("war2.krm"));
     ASSERT_EQ(reader.EntryCount(), 8) << reader.LastError().toStdString();
     EXPECT_EQ(reader.Entry(1).Name, QStringLiteral("module.def"));
+    const QByteArray bytes = home.ReadFile(QStringLiteral("war2.krm"));
+    EXPECT_EQ(reader.Entry(1).Position,
+              8 + *reinterpret_cast<const std::int32_t*>(bytes.constData() + 4));
     EXPECT_TRUE(reader.Entry(reader.FindEntry(QStringLiteral("notes.txt"))).IsCompressed());
 
     const QString unpacked = home.File(QStringLiteral("unpacked"));
@@ -141,6 +148,14 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("module.def: token 'inf'")));
     EXPECT_TRUE(problems[1].startsWith(QStringLiteral("start.krf: ")));
 
+    // Odd entries are ignored one by one, each named; the module still checks.
+    problems = problemsOf(QStringLiteral("odd.krm"),
+                          AppendRawEntries(WarModule().Pack(),
+                                           {{"notes..txt", "n"}, {"Board.PNG", "not the board"}}));
+    EXPECT_EQ(problems, (QStringList{"notes..txt: ignored: a name a pack may not hold",
+                                     "board.png: ignored: a second entry of that name (the "
+                                     "first is used)"}));
+
     // Not a pack at all; a user module without a definition.
     problems = problemsOf(QStringLiteral("junk.krm"), "junk");
     ASSERT_EQ(problems.size(), 1);
@@ -149,4 +164,45 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
                           EditPack(WarModule().Pack(), {}, {QStringLiteral("module.def")}));
     ASSERT_EQ(problems.size(), 1);
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("module.def: missing")));
+}
+
+TEST_F(ToolModulePack, ProcessesSharingAHomeKeepEachOthersCacheAndTrace)
+{
+    // This process stands for the program: it has found the module but not
+    // used it yet.
+    context.reset();
+    ReleaseRoot();
+    auto root = std::make_shared<CKorvane>();
+    InstallRoot(root);
+    root->Constructor(nullptr);
+    const auto war = root->ContextMgr().Context(root->ContextMgr().PosOfContext("krm_war_v1"));
+    const QString cache = home.File(QStringLiteral("cache"));
+    const QStringList cached = QDir(cache).entryList(QDir::Files);
+    ASSERT_EQ(cached.size(), 1);
+    home.WriteFile(QStringLiteral("debug.txt"), "the program's trace");
+
+    // Two tools side by side, then one more after them: the cache file they
+    // found stays, and so does the program's trace.
+    const QStringList newGame{QStringLiteral("new"), QStringLiteral("krm_war_v1"), "--home",
+                              home.Path(), "-o"};
+    auto first = StartTool(newGame + QStringList{home.File(QStringLiteral("a.krf"))});
+    auto second = StartTool(newGame + QStringList{home.File(QStringLiteral("b.krf"))});
+    EXPECT_EQ(FinishTool(*first).Status, 0);
+    EXPECT_EQ(FinishTool(*second).Status, 0);
+    EXPECT_EQ(QDir(cache).entryList(QDir::Files), cached);
+    EXPECT_EQ(home.ReadFile(QStringLiteral("debug.txt")), QByteArray("the program's trace"));
+
+    // A cache file removed by someone else is unpacked again when needed.
+    QFile::remove(home.File(QStringLiteral("cache/") + cached.front()));
+    ASSERT_EQ(Tool({QStringLiteral("info"), home.File(QStringLiteral("a.krf"))}).Status, 0);
+    EXPECT_NO_THROW(war->Activate(nullptr));
+    EXPECT_EQ(war->Tokens().Count(), 3);
+    war->Deactivate();
+
+    // Tracing the tool starts the trace afresh.
+    qputenv("KORVANE_TRACE", "1");
+    const ToolRun traced = Tool({QStringLiteral("modules")});
+    qunsetenv("KORVANE_TRACE");
+    EXPECT_EQ(traced.Status, 0);
+    EXPECT_TRUE(home.ReadFile(QStringLiteral("debug.txt")).startsWith("[Debug Enabled]"));
 }

@@ -26,28 +26,38 @@ QJsonValue ToolRun::Json() const
     return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
 }
 
-ToolRun RunTool(const QStringList& arguments)
+std::unique_ptr<QProcess> StartTool(const QStringList& arguments)
 {
     static QTemporaryDir settings;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QString::fromLatin1(name));
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
+    auto process = std::make_unique<QProcess>();
+    process->setProcessEnvironment(environment);
+    process->start(QStringLiteral(KORVANE_TOOL_PATH), arguments);
+    return process;
+}
 
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(KORVANE_TOOL_PATH), arguments);
+ToolRun FinishTool(QProcess& process)
+{
     ToolRun run;
     if (!process.waitForFinished(120000)) {
         process.kill();
         process.waitForFinished();
-        ADD_FAILURE() << "korvane-tool did not finish: " << arguments.join(' ').toStdString();
+        ADD_FAILURE() << "korvane-tool did not finish: "
+                      << process.arguments().join(' ').toStdString();
     }
     run.Out = QString::fromUtf8(process.readAllStandardOutput());
     run.Err = QString::fromUtf8(process.readAllStandardError());
     if (process.exitStatus() == QProcess::NormalExit)
         run.Status = process.exitCode();
     return run;
+}
+
+ToolRun RunTool(const QStringList& arguments)
+{
+    return FinishTool(*StartTool(arguments));
 }
 
 TestModule ToolFixture::WarModule()

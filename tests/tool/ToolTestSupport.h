@@ -4,6 +4,7 @@
 #include "support/TestHome.h"
 
 #include <QJsonValue>
+#include <QProcess>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -33,6 +34,9 @@ struct ToolRun
 // Runs the built korvane-tool with exactly these arguments, without a
 // display and with settings kept in a temporary folder.
 ToolRun RunTool(const QStringList& arguments);
+// The same in two steps, for runs side by side.
+std::unique_ptr<QProcess> StartTool(const QStringList& arguments);
+ToolRun FinishTool(QProcess& process);
 
 // A home holding the module "War Game" (modules/war.krm: a quantity token
 // "inf", an image token "tank" and an arrow token "move", 32-pixel pictures

@@ -1,0 +1,88 @@
+#include "core/CUtility.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "persist/CMailSender.h"
+#include "support/EnvScope.h"
+#include "support/QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A stand-in xdg-email on PATH: writes its arguments, one a line, to
+// args.txt, sleeps $STANDIN_SLEEP seconds, writes done.txt and exits with
+// $STANDIN_EXIT. Folders are "opened" into a list.
+class MailSender : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QDir().mkpath(dir.filePath("bin"));
+        QFile script(dir.filePath("bin/xdg-email"));
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write(
+            "#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > \"$STANDIN_DIR/args.txt\"\n"
+            "sleep \"${STANDIN_SLEEP:-0}\"; touch \"$STANDIN_DIR/done.txt\"\n"
+            "exit \"${STANDIN_EXIT:-0}\"\n");
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        env.Set("PATH", dir.filePath("bin").toLocal8Bit() + ':' + qgetenv("PATH"));
+        env.Set("STANDIN_DIR", dir.path().toLocal8Bit());
+        sender.OpenFolder = [this](const QUrl& url) {
+            opened << url.toLocalFile();
+            return folderOpens;
+        };
+    }
+
+    QTemporaryDir dir;
+    EnvScope env;
+    CMailSender sender;
+    QStringList opened;
+    bool folderOpens = true;
+    const QString game = dir.filePath("turn 12.krf");
+};
+
+} // namespace
+
+TEST_F(MailSender, HandsTheFileToTheMailProgramAndLeavesItRunning)
+{
+    CGame played(CUtility::GenerateId());
+    played.SetName("Kursk");
+    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
+    map->SetName("Turn 12");
+    group->Maps().AddItem(map);
+    group->SwitchTo(map);
+    played.MapGroups().AddItem(group);
+    played.SwitchTo(group);
+    EXPECT_EQ(sender.Send(game, CMailSender::Subject(played)), CMailSender::Outcome::MailStarted);
+    QFile args(dir.filePath("args.txt"));
+    ASSERT_TRUE(args.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(args.readAll()),
+              "--attach\n" + game + "\n--subject\nKorvane: Kursk, Turn 12\n");
+
+    // One that keeps running (until its window closes) is started, not killed.
+    QFile::remove(dir.filePath("done.txt"));
+    env.Set("STANDIN_SLEEP", "4");
+    EXPECT_EQ(sender.Send(game, "s"), CMailSender::Outcome::MailStarted);
+    EXPECT_FALSE(QFile::exists(dir.filePath("done.txt")));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(dir.filePath("done.txt")); }, 8000));
+    EXPECT_TRUE(opened.isEmpty());
+}
+
+TEST_F(MailSender, ShowsTheFolderWhenNoMailProgramCanBeStarted)
+{
+    // xdg-email's own failure (no mail program set up), then none on PATH at all.
+    env.Set("STANDIN_EXIT", "3");
+    EXPECT_EQ(sender.Send(game, "s"), CMailSender::Outcome::FolderShown);
+    env.Set("PATH", dir.filePath("nothing").toLocal8Bit());
+    EXPECT_EQ(sender.Send(game, "s"), CMailSender::Outcome::FolderShown);
+    EXPECT_EQ(opened, QStringList({dir.path(), dir.path()}));
+    folderOpens = false;
+    EXPECT_EQ(sender.Send(game, "s"), CMailSender::Outcome::Failed);
+}

@@ -1,0 +1,97 @@
+#include "PersistTestSupport.h"
+
+#include "core/CUtility.h"
+#include "model/CGame.h"
+#include "persist/CPersistMgr.h"
+#include "persist/CRecoveryMgr.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+
+namespace {
+
+// A game of the module "alpha", saved as turn.krf in the home, then changed.
+class RecoveryMgrTest : public PersistTest
+{
+protected:
+    void SetUp() override
+    {
+        writeModule("alpha.krm", module("alpha"));
+        gui = start();
+        activate("krm_alpha_v1");
+        game = newGame("Kursk");
+        gui->Save.Choose(home.Path(), "turn", "krf");
+        ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+        saved = home.ReadFile("turn.krf");
+        game->SetName("Kursk, moved");
+        game->SetDirty(2);
+    }
+
+    static QStringList recoveryFiles()
+    {
+        return QDir(CUtility::GetRecoveryDir()).entryList(QDir::Files);
+    }
+
+    TestGui* gui = nullptr;
+    std::shared_ptr<CGame> game;
+    QByteArray saved;
+};
+
+} // namespace
+
+TEST_F(RecoveryMgrTest, CopiesOnlyWhileChangedAndLeavesTheGameAndItsFileAlone)
+{
+    CRecoveryMgr recovery;
+    ASSERT_TRUE(recovery.WriteCopy());
+    EXPECT_EQ(game->Dirty(), 2);
+    EXPECT_EQ(home.ReadFile("turn.krf"), saved);
+    EXPECT_EQ(recoveryFiles().size(), 3); // the copy, its info and its lock
+    recovery.GameSaved();
+    EXPECT_EQ(recoveryFiles(), QStringList());
+    game->SetDirty(0);
+    ASSERT_TRUE(recovery.WriteCopy());
+    EXPECT_EQ(recoveryFiles(), QStringList());
+}
+
+TEST_F(RecoveryMgrTest, OffersOnlyCopiesOfKorvanesThatDiedAndRestoresThemAsUnsavedChanges)
+{
+    auto crashed = std::make_unique<CRecoveryMgr>();
+    ASSERT_TRUE(crashed->WriteCopy());
+    CRecoveryMgr next;
+    // The other Korvane still runs: its copy is not ours to take.
+    EXPECT_FALSE(next.OfferRecovery(gui->Boxes));
+    EXPECT_TRUE(gui->Boxes.Boxes.empty());
+
+    const QString copy = crashed->CopyPath();
+    crashed.reset(); // ends without Exit, as a crash would
+    newGame("Other");
+    gui->Boxes.Answers = {FMessageBox::Answer::Yes};
+    ASSERT_TRUE(next.OfferRecovery(gui->Boxes));
+    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
+    const QString text = gui->Boxes.Boxes[0].Text;
+    EXPECT_TRUE(QRegularExpression("^Restore unsaved changes to 'turn\\.krf' from \\S.*\\?$")
+                    .match(text)
+                    .hasMatch())
+        << text.toStdString();
+    const std::shared_ptr<CGame> restored = Root().Game();
+    EXPECT_EQ(restored->Name(), "Kursk, moved");
+    EXPECT_NE(restored->Dirty(), 0);
+    EXPECT_FALSE(QFile::exists(copy));
+    EXPECT_TRUE(QFile::exists(next.CopyPath()));
+
+    // No throws the copy away and keeps the current game.
+    auto other = std::make_unique<CRecoveryMgr>();
+    ASSERT_TRUE(other->WriteCopy());
+    const QString otherCopy = other->CopyPath();
+    other.reset();
+    // A copy a dead Korvane was writing when it died leaves no trace either.
+    const QString partial = CUtility::GetRecoveryDir() + "0A1B2C.krf.x3Fq9z";
+    home.WriteFile(QDir(home.Path()).relativeFilePath(partial), "partial");
+    gui->Boxes.Answers = {FMessageBox::Answer::No};
+    EXPECT_FALSE(next.OfferRecovery(gui->Boxes));
+    EXPECT_FALSE(QFile::exists(partial));
+    EXPECT_EQ(gui->Boxes.Boxes.size(), 2u);
+    EXPECT_FALSE(QFile::exists(otherCopy));
+    EXPECT_EQ(Root().Game(), restored);
+}
