@@ -7,9 +7,11 @@
 #include "actions/CActionMoveUnit.h"
 #include "actions/CArrowHandles.h"
 #include "contexts/IGameContext.h"
+#include "core/CDelayedMouseCapturer.h"
 #include "core/CDragDropMgr.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
+#include "core/CWinApi.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -17,7 +19,7 @@
 #include "render/CBoardRenderer.h"
 #include "tokens/CTokenBase.h"
 #include "tokens/IToken.h"
-#include "ui/CHeldDigits.h"
+#include "ui/CDigitKeyWatcher.h"
 #include "ui/CMapPictureItem.h"
 #include "ui/CMapState.h"
 #include "ui/CUnitItem.h"
@@ -66,7 +68,7 @@ int sign(int value)
 
 mdcBoard::mdcBoard(QWidget* parent)
     : QGraphicsView(parent), m_picture(nullptr), m_arrows(nullptr), m_grip(nullptr),
-      m_edgeTimer(new QTimer(this)), m_digits(new CHeldDigits(this))
+      m_edgeTimer(new QTimer(this)), m_digits(new CDigitKeyWatcher(this))
 {
     m_edgeTimer->setInterval(30);
     connect(m_edgeTimer, &QTimer::timeout, this, [this] {
@@ -89,10 +91,16 @@ mdcBoard::mdcBoard(QWidget* parent)
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     viewport()->setCursor(CBoardCursors::Cursor(m_cursor));
+    if (CKorvane* root = RootOrNull())
+        root->WinApi().SetScrollClient(this);
     rebuild();
 }
 
-mdcBoard::~mdcBoard() = default;
+mdcBoard::~mdcBoard()
+{
+    if (CKorvane* root = RootOrNull())
+        root->WinApi().SetScrollClient(nullptr);
+}
 
 // ---- update lock and keeping in step with the model ----
 
@@ -366,9 +374,12 @@ void mdcBoard::mousePressEvent(QMouseEvent* event)
     if (!unit) {
         if (event->button() == Qt::LeftButton && event->modifiers() == Qt::ControlModifier) {
             m_mapScroll = true;
-            m_savedCursorPos = QCursor::pos();
+            m_savedCursorPos = Root().WinApi().GetCursorPos();
             m_lastScrollTime = CUtility::GetTimestamp();
             setBoardCursor(tBoardCursor::CursorMapScroll);
+            // The release must come here wherever the pointer goes.
+            if (QWindow* window = this->window()->windowHandle())
+                CDelayedMouseCapturer::Start(window);
         }
         return;
     }
@@ -376,7 +387,7 @@ void mdcBoard::mousePressEvent(QMouseEvent* event)
         return;
     if (event->button() == Qt::LeftButton) {
         QString dragged = unit->Id();
-        const int amount = m_digits->GetPressedNumeric();
+        const int amount = Root().WinApi().GetPressedNumeric();
         const QString torn = amount > 0 ? tearOff(unit, amount, p) : QString();
         if (!torn.isEmpty())
             dragged = torn;
@@ -423,6 +434,8 @@ void mdcBoard::mouseReleaseEvent(QMouseEvent* event)
     if (m_mapScroll) {
         m_mapScroll = false;
         setBoardCursor(tBoardCursor::CursorNormal);
+        if (QWindow* window = this->window()->windowHandle())
+            window->setMouseGrabEnabled(false);
         return;
     }
     if (!m_dragUnitId.isEmpty())
@@ -462,7 +475,7 @@ bool mdcBoard::edgeScroll()
     const int dy = at.y() < inner.top() ? -1 : (at.y() > inner.bottom() ? 1 : 0);
     if ((dx == 0 && dy == 0) || !viewport()->rect().contains(at))
         return false;
-    scrollLines(dx, dy);
+    ScrollLines(dx, dy);
     dragStep(boardPixel(toBoard(QPointF(at))));
     return true;
 }
@@ -572,15 +585,25 @@ QString mdcBoard::tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint
 
 void mdcBoard::scrollStep()
 {
-    const QPoint now = QCursor::pos();
+    CWinApi& api = Root().WinApi();
+    const QPoint now = api.GetCursorPos();
     const double time = CUtility::GetTimestamp();
     if (time - m_lastScrollTime > scrollInterval) {
-        scrollLines(sign(now.x() - m_savedCursorPos.x()), sign(now.y() - m_savedCursorPos.y()));
+        const int dx = sign(now.x() - m_savedCursorPos.x());
+        const int dy = sign(now.y() - m_savedCursorPos.y());
+        if (dx < 0)
+            api.WndScrollLeft();
+        else if (dx > 0)
+            api.WndScrollRight();
+        if (dy < 0)
+            api.WndScrollUp();
+        else if (dy > 0)
+            api.WndScrollDown();
         m_lastScrollTime = time;
     }
-    QCursor::setPos(m_savedCursorPos);
+    api.SetCursorPos(m_savedCursorPos);
     // Where the pointer cannot be put back, scrolling follows its movement.
-    if (QCursor::pos() != m_savedCursorPos)
+    if (api.GetCursorPos() != m_savedCursorPos)
         m_savedCursorPos = now;
 }
 
@@ -625,47 +648,31 @@ void mdcBoard::keyPressEvent(QKeyEvent* event)
         return;
     }
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    const bool plain = modifiers == Qt::NoModifier;
-    const bool ctrl = modifiers == Qt::ControlModifier;
-    if (!plain && !ctrl)
-        return;
-    const auto step = [&](int dx, int dy) {
-        if (plain)
-            scrollLines(dx, dy);
-        else
-            scrollPages(dx, dy);
+    using Scroll = void (CWinApi::*)() const;
+    struct KeyScroll
+    {
+        int Key;
+        Scroll Plain;
+        Scroll Ctrl;
     };
-    switch (event->key()) {
-    case Qt::Key_Down:
-        step(0, 1);
-        break;
-    case Qt::Key_Up:
-        step(0, -1);
-        break;
-    case Qt::Key_Left:
-        step(-1, 0);
-        break;
-    case Qt::Key_Right:
-        step(1, 0);
-        break;
-    case Qt::Key_PageDown:
-        if (plain)
-            scrollPages(0, 1);
-        break;
-    case Qt::Key_PageUp:
-        if (plain)
-            scrollPages(0, -1);
-        break;
-    case Qt::Key_Home:
-        if (plain)
-            scrollPages(-1, 0);
-        break;
-    case Qt::Key_End:
-        if (plain)
-            scrollPages(1, 0);
-        break;
-    default:
-        break;
+    static constexpr KeyScroll table[] = {
+        {Qt::Key_Down, &CWinApi::WndScrollDown, &CWinApi::WndScrollDownLarge},
+        {Qt::Key_Up, &CWinApi::WndScrollUp, &CWinApi::WndScrollUpLarge},
+        {Qt::Key_Left, &CWinApi::WndScrollLeft, &CWinApi::WndScrollLeftLarge},
+        {Qt::Key_Right, &CWinApi::WndScrollRight, &CWinApi::WndScrollRightLarge},
+        {Qt::Key_PageDown, &CWinApi::WndScrollDownLarge, nullptr},
+        {Qt::Key_PageUp, &CWinApi::WndScrollUpLarge, nullptr},
+        {Qt::Key_Home, &CWinApi::WndScrollLeftLarge, nullptr},
+        {Qt::Key_End, &CWinApi::WndScrollRightLarge, nullptr},
+    };
+    // Shift, Alt and any mix of modifiers do nothing.
+    const bool plain = modifiers == Qt::NoModifier;
+    if (!plain && modifiers != Qt::ControlModifier)
+        return;
+    for (const KeyScroll& entry : table) {
+        const Scroll scroll = plain ? entry.Plain : entry.Ctrl;
+        if (entry.Key == event->key() && scroll)
+            (Root().WinApi().*scroll)();
     }
 }
 
@@ -674,7 +681,7 @@ void mdcBoard::keyReleaseEvent(QKeyEvent* event)
     event->accept();
 }
 
-void mdcBoard::scrollLines(int dx, int dy)
+void mdcBoard::ScrollLines(int dx, int dy)
 {
     QScrollBar* across = horizontalScrollBar();
     QScrollBar* down = verticalScrollBar();
@@ -682,7 +689,7 @@ void mdcBoard::scrollLines(int dx, int dy)
     down->setValue(down->value() + dy * down->singleStep());
 }
 
-void mdcBoard::scrollPages(int dx, int dy)
+void mdcBoard::ScrollPages(int dx, int dy)
 {
     QScrollBar* across = horizontalScrollBar();
     QScrollBar* down = verticalScrollBar();

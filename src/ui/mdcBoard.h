@@ -2,6 +2,7 @@
 
 #include "core/FBoardMdc.h"
 #include "core/IDragDropObserver.h"
+#include "core/IScrollClient.h"
 #include "ui/CBoardCursors.h"
 #include "ui/CBoardZoom.h"
 
@@ -13,7 +14,7 @@
 #include <memory>
 
 class CBoardRenderer;
-class CHeldDigits;
+class CDigitKeyWatcher;
 class CMapPictureItem;
 class CUnit;
 class CUnitItem;
@@ -29,7 +30,10 @@ class arcArrows;
 //
 // Every position the board hands to the model is a whole board pixel taken
 // from the scene, so hit tests and drops land on the same pixel at any zoom.
-class mdcBoard : public QGraphicsView, public FBoardMdc, public IDragDropObserver
+class mdcBoard : public QGraphicsView,
+                 public FBoardMdc,
+                 public IDragDropObserver,
+                 public IScrollClient
 {
     Q_OBJECT
 
@@ -62,6 +66,11 @@ public:
     bool DropToken(const QString& tokenId, QPoint board);
 
     void NotifyNullDrop() override;
+
+    // The platform helper's scroll calls land here: a line is a scroll
+    // bar's single step, a page its page step.
+    void ScrollLines(int dx, int dy) override;
+    void ScrollPages(int dx, int dy) override;
 
     void NotifyOfArrowAdd(const QString& arrowId) override;
     void NotifyOfArrowDelete(const QString& arrowId) override;
@@ -122,8 +131,6 @@ private:
     // the dragged unit follow; false when the pointer is near no edge.
     bool edgeScroll();
     void setBoardCursor(tBoardCursor cursor);
-    void scrollLines(int dx, int dy);
-    void scrollPages(int dx, int dy);
     void applyZoom(double scale, const QPointF& viewAnchor);
 
     std::shared_ptr<IGameContext> m_context;
@@ -134,7 +141,7 @@ private:
     QGraphicsRectItem* m_grip;
     QTimer* m_edgeTimer;
     QHash<QString, CUnitItem*> m_items;
-    CHeldDigits* m_digits;
+    CDigitKeyWatcher* m_digits;
     CBoardZoom m_zoom;
 
     std::int32_t m_updateLock = 0;
