@@ -300,10 +300,14 @@ QImage mdcBoard::PaintToPbox()
         return QImage();
     QImage image(board, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
+    // The grip is a hint for the pointer, not part of the map's picture.
+    const bool grip = m_grip->isVisible();
+    m_grip->hide();
     QPainter painter(&image);
     const QRectF area(QPointF(0, 0), QSizeF(board));
     scene()->render(&painter, area, area);
     painter.end();
+    m_grip->setVisible(grip);
     return image;
 }
 
