@@ -10,6 +10,7 @@
 #include "core/CDelayedMouseCapturer.h"
 #include "core/CDragDropMgr.h"
 #include "core/CKorvane.h"
+#include "core/CTraceScope.h"
 #include "core/CUtility.h"
 #include "core/CWinApi.h"
 #include "model/CArrow.h"
@@ -106,6 +107,7 @@ mdcBoard::~mdcBoard()
 
 void mdcBoard::SetUpdateLock(std::int32_t level)
 {
+    const CTraceScope scope("UpdateLock", "mdcBoard");
     if (level == 0 && m_updateLock != 0 && m_pendingRefresh) {
         m_updateLock = 0;
         rebuild();
@@ -125,6 +127,7 @@ bool mdcBoard::deferred()
 
 void mdcBoard::rebuild()
 {
+    const CTraceScope scope("Rebuild", "mdcBoard");
     if (deferred())
         return;
     ++m_rebuilds;
@@ -227,6 +230,7 @@ void mdcBoard::syncArrow(const QString& arrowId)
 
 void mdcBoard::NotifyOfNewGame()
 {
+    const CTraceScope scope("NotifyOfNewGame", "mdcBoard");
     CKorvane* root = RootOrNull();
     const std::shared_ptr<CGame> game = root ? root->Game() : nullptr;
     const double scale = m_zoom.SwitchGame(game ? game->Id() : QString());
@@ -236,48 +240,56 @@ void mdcBoard::NotifyOfNewGame()
 
 void mdcBoard::NotifyOfMapEdit(const QString&)
 {
+    const CTraceScope scope("NotifyOfMapEdit", "mdcBoard");
     if (!deferred())
         redrawBackground();
 }
 
 void mdcBoard::NotifyOfUnitAdd(const QString& unitId)
 {
+    const CTraceScope scope("NotifyOfUnitAdd", "mdcBoard");
     if (!deferred())
         syncUnit(unitId);
 }
 
 void mdcBoard::NotifyOfUnitEdit(const QString& unitId)
 {
+    const CTraceScope scope("NotifyOfUnitEdit", "mdcBoard");
     if (!deferred())
         syncUnit(unitId);
 }
 
 void mdcBoard::NotifyOfUnitDelete(const QString& unitId)
 {
+    const CTraceScope scope("NotifyOfUnitDelete", "mdcBoard");
     if (!deferred())
         removeUnitItem(unitId);
 }
 
 void mdcBoard::NotifyOfArrowAdd(const QString& arrowId)
 {
+    const CTraceScope scope("NotifyOfArrowAdd", "mdcBoard");
     if (!deferred())
         syncArrow(arrowId);
 }
 
 void mdcBoard::NotifyOfArrowEdit(const QString& arrowId)
 {
+    const CTraceScope scope("NotifyOfArrowEdit", "mdcBoard");
     if (!deferred())
         syncArrow(arrowId);
 }
 
 void mdcBoard::NotifyOfArrowDelete(const QString& arrowId)
 {
+    const CTraceScope scope("NotifyOfArrowDelete", "mdcBoard");
     if (!deferred())
         m_arrows->Delete(arrowId);
 }
 
 void mdcBoard::NotifyNullDrop()
 {
+    const CTraceScope scope("NotifyNullDrop", "mdcBoard");
     // The dragged unit (and a dragged arrow end) go back to the model's place.
     const QString unitId = m_dragUnitId;
     m_dragUnitId.clear();
@@ -295,6 +307,7 @@ void mdcBoard::NotifyNullDrop()
 
 QImage mdcBoard::PaintToPbox()
 {
+    const CTraceScope scope("PaintToPbox", "mdcBoard");
     const QSize board = m_renderer ? m_renderer->BoardSize() : QSize();
     if (board.isEmpty())
         return QImage();
@@ -508,6 +521,8 @@ void mdcBoard::dragStep(QPoint p)
         item->setPos(corner);
         return;
     }
+    const CTraceScope scope("OLEDragOver", "mdcBoard");
+    scope.Denote(QStringLiteral("Skip in OLEDragOver"));
     // An arrow handle stays where it is; the arrow shows its end following
     // the pointer until the arrow token moves it for real.
     QString arrowId;
@@ -524,6 +539,7 @@ void mdcBoard::dragStep(QPoint p)
 
 void mdcBoard::dropUnit(const QString& unitId, QPoint p)
 {
+    const CTraceScope scope("OLEDragDrop", "mdcBoard");
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
     const std::shared_ptr<CUnit> unit = map && map->Units() ? map->UnitById(unitId) : nullptr;
     if (!unit)
@@ -545,6 +561,7 @@ void mdcBoard::dropUnit(const QString& unitId, QPoint p)
 
 QString mdcBoard::tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint p)
 {
+    const CTraceScope scope("TearOff", "mdcBoard");
     const std::shared_ptr<IToken> token = unit->Token();
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
     if (!map || token->Class() != QLatin1String("CQuantityToken"))
@@ -787,6 +804,7 @@ void mdcBoard::dropEvent(QDropEvent* event)
 
 bool mdcBoard::DropToken(const QString& tokenId, QPoint board)
 {
+    const CTraceScope scope("OLEDragDrop", "mdcBoard");
     CDragDropMgr& manager = Root().DragDropMgr();
     if (!manager.DragInProgress() || manager.DragSource() != CDragDropMgr::Source::Palette ||
         !m_context || !onBoard(board))
