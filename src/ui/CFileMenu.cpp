@@ -1,12 +1,19 @@
 #include "CFileMenu.h"
 
+#include "core/CConfiguration.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
+#include "core/CUtility.h"
 #include "core/FBoardMdc.h"
 #include "core/FMessageBox.h"
+#include "core/FSaveFileDlg.h"
 #include "model/CGame.h"
+#include "model/CMap.h"
+#include "persist/CMailSender.h"
 #include "persist/CPersistMgr.h"
+#include "render/CMapExport.h"
 #include "ui/CGameCommands.h"
+#include "ui/CMapState.h"
 #include "ui/CRecentFiles.h"
 #include "ui/mdcBoard.h"
 #include "ui/mdiMain.h"
@@ -42,6 +49,12 @@ CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
                 m_window->GameSaved();
         });
     m_saveAs->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    AddSeparator(QStringLiteral("mnuFileBar4"));
+    m_export = AddItem(QStringLiteral("mnuFileExport"), QStringLiteral("&Export Map Picture..."),
+                       [this] { ExportPicture(); });
+    m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    m_send = AddItem(QStringLiteral("mnuFileSend"), QStringLiteral("Sen&d to Opponent..."),
+                     [this] { SendToOpponent(); });
     AddSeparator(QStringLiteral("mnuFileBar2"));
     m_print =
         AddItem(QStringLiteral("mnuFilePrint"), QStringLiteral("Print..."), [this] { Print(); });
@@ -59,6 +72,8 @@ void CFileMenu::Refresh()
     m_save->setEnabled(hasGame);
     m_saveAs->setEnabled(hasGame);
     m_print->setEnabled(hasGame);
+    m_export->setEnabled(hasGame);
+    m_send->setEnabled(hasGame);
     fillRecent();
 }
 
@@ -108,4 +123,86 @@ void CFileMenu::Print()
     painter.setViewport(page.x(), page.y(), size.width(), size.height());
     painter.setWindow(picture.rect());
     painter.drawImage(0, 0, picture);
+}
+
+namespace {
+
+void tell(const QString& text, FMessageBox::Icon icon)
+{
+    if (FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr)
+        messages->Information(CKorvane::Name(), text, icon);
+}
+
+} // namespace
+
+void CFileMenu::ExportPicture()
+{
+    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
+    FSaveFileDlg* dialog = Root().Gui() ? Root().Gui()->SaveFileDlg() : nullptr;
+    FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr;
+    if (!map || !dialog || !Root().Context())
+        return;
+    double scale = 1.0;
+    const double zoom = m_window->Board()->Zoom();
+    if (messages && qAbs(zoom - 1.0) > 0.001) {
+        const auto answer = messages->Question(
+            CKorvane::Name(),
+            QStringLiteral("Export the picture at the current zoom (%1 %)?\n\nNo exports it at "
+                           "100 %.")
+                .arg(qRound(zoom * 100)),
+            FMessageBox::Buttons::YesNoCancel, FMessageBox::Icon::Question,
+            FMessageBox::Answer::Yes);
+        if (answer == FMessageBox::Answer::Cancel)
+            return;
+        if (answer == FMessageBox::Answer::Yes)
+            scale = zoom;
+    }
+    CConfiguration& config = Root().Config();
+    const QString section = QLatin1String(CPersistMgr::SettingsSection);
+    const QString key = QLatin1String(CPersistMgr::LastDirKey);
+    QString directory = config.GetValue(section, key);
+    if (!CUtility::DirExists(directory))
+        directory = CUtility::GetCurrentPath();
+    if (!dialog->Display(QStringLiteral("PNG Pictures (*.png)|*.png"), map->Name(),
+                         QStringLiteral("png"), directory))
+        return;
+    config.SetValue(section, key, dialog->SelDir());
+    const QString path = dialog->SelDir() + dialog->SelFile() + QStringLiteral(".") +
+                         (dialog->SelExt().isEmpty() ? QStringLiteral("png") : dialog->SelExt());
+    QString error;
+    if (!CMapExport::ToPng(map, Root().Context(), scale, path, error))
+        tell(QStringLiteral("The picture could not be saved.\n\n") + error,
+             FMessageBox::Icon::Exclamation);
+}
+
+void CFileMenu::SendToOpponent()
+{
+    const std::shared_ptr<CGame> game = Root().Game();
+    if (!game)
+        return;
+    // The opponent gets what is on the board now: unsaved changes and a game
+    // never saved are written first, and a cancelled save sends nothing.
+    if (game->Dirty() != 0 || CGameCommands::CurrentFilePath().isEmpty()) {
+        if (!Root().PersistMgr().SaveCurrentGame())
+            return;
+        m_window->GameSaved();
+    }
+    const QString path = CGameCommands::CurrentFilePath();
+    CMailSender sender;
+    switch (sender.Send(path, CMailSender::Subject(*game))) {
+    case CMailSender::Outcome::MailStarted:
+        break;
+    case CMailSender::Outcome::FolderShown:
+        tell(QStringLiteral("No mail program could be started. The folder that holds '") +
+                 QFileInfo(path).fileName() +
+                 QStringLiteral("' has been opened, so you can attach the game yourself."),
+             FMessageBox::Icon::Information);
+        break;
+    case CMailSender::Outcome::Failed:
+        tell(
+            QStringLiteral("No mail program could be started. Attach the game file yourself:\n\n") +
+                QDir::toNativeSeparators(path),
+            FMessageBox::Icon::Exclamation);
+        break;
+    }
 }

@@ -15,6 +15,10 @@ public:
     CFileMenu(QMenu* menu, mdiMain* window);
 
     void Print();
+    // The shown map as a PNG picture, at 100 % or at the board's zoom.
+    void ExportPicture();
+    // Saves what has changed, then hands the game file to the mail program.
+    void SendToOpponent();
 
 protected:
     void Refresh() override;
@@ -27,5 +31,7 @@ private:
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
     QAction* m_print = nullptr;
+    QAction* m_export = nullptr;
+    QAction* m_send = nullptr;
     QMenu* m_recent = nullptr;
 };

@@ -1,13 +1,33 @@
 #pragma once
 
+#include <memory>
+
+class CRecoveryMgr;
 class QApplication;
+class mdiMain;
 
 // The program from start to end: the splash window while the root and its
-// services are built and the modules found, the main window, the game named on
-// the command line, the event loop, and the shut-down once the main window has
-// closed.
+// services are built and the modules found, the main window, a game left by
+// a crash or named on the command line, the event loop, and the shut-down
+// once the main window has closed.
 class CProgram
 {
 public:
+    explicit CProgram(QApplication& application);
+    // Shuts down: the recovery copy goes, then the root and its services.
+    ~CProgram();
+    CProgram(const CProgram&) = delete;
+    CProgram& operator=(const CProgram&) = delete;
+
+    // Everything up to the shown main window with its game. Returns the window.
+    mdiMain* Start();
+    // The event loop, until the main window closes.
+    int Exec();
+
     static int Run(QApplication& application);
+
+private:
+    QApplication& m_application;
+    std::unique_ptr<CRecoveryMgr> m_recovery;
+    mdiMain* m_window = nullptr;
 };

@@ -3,18 +3,35 @@
 #include "ui/CFileDialogs.h"
 #include "ui/CMessageBoxes.h"
 #include "ui/CPopupMenu.h"
+#include "ui/frmEditNumUnit.h"
+#include "ui/frmEditTextUnit.h"
+#include "ui/frmFullScreen.h"
+#include "ui/frmGameProps.h"
+#include "ui/frmMapProps.h"
+#include "ui/frmNewGame.h"
+#include "ui/frmNewMap.h"
+#include "ui/frmProgress.h"
+#include "ui/frmSplash.h"
+#include "ui/frmSplitUnit.h"
 #include "ui/mdiMain.h"
 
 CWidgetGui::CWidgetGui()
     : m_main(std::make_unique<mdiMain>()),
       m_messages(std::make_unique<CMessageBoxes>(m_main.get())),
-      m_popup(std::make_unique<CPopupMenu>(m_main.get())),
-      m_fileDialogs(std::make_unique<CFileDialogs>(m_main.get()))
+      m_popup(std::make_unique<CPopupMenu>(m_main.get())), m_newGame(new frmNewGame(m_main.get())),
+      m_newMap(new frmNewMap(m_main.get())), m_editNum(new frmEditNumUnit(m_main.get())),
+      m_editText(new frmEditTextUnit(m_main.get())), m_mapProps(new frmMapProps(m_main.get())),
+      m_gameProps(new frmGameProps(m_main.get())),
+      m_fileDialogs(std::make_unique<CFileDialogs>(m_main.get())),
+      m_fullScreen(new frmFullScreen(m_main.get())), m_progress(new frmProgress(m_main.get())),
+      m_about(std::make_unique<frmSplash>()), m_split(new frmSplitUnit(m_main.get()))
 {}
 
-// The dialogs go before the main window that parents them.
+// The helpers go before the main window that parents them; the dialogs go
+// with it.
 CWidgetGui::~CWidgetGui()
 {
+    m_about.reset();
     m_fileDialogs.reset();
     m_popup.reset();
     m_messages.reset();
@@ -36,6 +53,36 @@ FPopupMenu* CWidgetGui::PopupMenu()
     return m_popup.get();
 }
 
+FNewGameDlg* CWidgetGui::NewGameDlg()
+{
+    return m_newGame;
+}
+
+FNewMapDlg* CWidgetGui::NewMapDlg()
+{
+    return m_newMap;
+}
+
+FEditUnitNumDlg* CWidgetGui::EditUnitNumDlg()
+{
+    return m_editNum;
+}
+
+FEditUnitTextDlg* CWidgetGui::EditUnitTextDlg()
+{
+    return m_editText;
+}
+
+FMapPropsDlg* CWidgetGui::MapPropsDlg()
+{
+    return m_mapProps;
+}
+
+FGamePropsDlg* CWidgetGui::GamePropsDlg()
+{
+    return m_gameProps;
+}
+
 FSaveFileDlg* CWidgetGui::SaveFileDlg()
 {
     return m_fileDialogs.get();
@@ -44,4 +91,24 @@ FSaveFileDlg* CWidgetGui::SaveFileDlg()
 FOpenFileDlg* CWidgetGui::OpenFileDlg()
 {
     return m_fileDialogs.get();
+}
+
+FFullScreenDlg* CWidgetGui::FullScreenDlg()
+{
+    return m_fullScreen;
+}
+
+FProgressWin* CWidgetGui::ProgressWin()
+{
+    return m_progress;
+}
+
+FAboutDlg* CWidgetGui::AboutDlg()
+{
+    return m_about.get();
+}
+
+FSplitUnitDlg* CWidgetGui::SplitUnitDlg()
+{
+    return m_split;
 }

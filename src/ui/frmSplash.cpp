@@ -1,23 +1,121 @@
 #include "frmSplash.h"
 
+#include "core/CKorvane.h"
+#include "ui/UDialogButtons.h"
+
 #include <QApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <libxml/parser.h>
+#include <zlib.h>
+
+const QString frmSplash::LicenceText = QStringLiteral(
+    "Korvane is free software: you can redistribute it and/or modify it under the terms of "
+    "the GNU General Public License as published by the Free Software Foundation, either "
+    "version 3 of the License, or (at your option) any later version.\n\n"
+    "Korvane is distributed in the hope that it will be useful, but WITHOUT ANY WARRANTY; "
+    "without even the implied warranty of MERCHANTABILITY or FITNESS FOR A PARTICULAR "
+    "PURPOSE. See the GNU General Public License for more details.\n\n"
+    "Qt is used under the GNU Lesser General Public License version 3, zlib under the zlib "
+    "licence and libxml2 under the MIT licence.");
+
+namespace {
+
+// libxml2 reports its version as one number, 21004 for 2.10.4.
+QString libxml2Version()
+{
+    const int number = QByteArray(xmlParserVersion).toInt();
+    return QStringLiteral("%1.%2.%3").arg(number / 10000).arg(number / 100 % 100).arg(number % 100);
+}
+
+} // namespace
 
 frmSplash::frmSplash()
+    : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), m_lblStatus(new QLabel(this)),
+      m_aboutPart(new QWidget(this)), m_txtLicence(new QPlainTextEdit(m_aboutPart))
 {
     setObjectName(QStringLiteral("frmSplash"));
-    QPixmap picture(420, 220);
-    picture.fill(QColor(40, 60, 40));
-    setPixmap(picture);
+    // A frameless splash still needs an edge against what lies behind it.
+    setAttribute(Qt::WA_StyledBackground);
+    setStyleSheet(QStringLiteral("#frmSplash { border: 1px solid palette(dark); }"));
+    setWindowTitle(QStringLiteral("About Korvane"));
+    auto* title = new QLabel(CKorvane::Name(), this);
+    title->setObjectName(QStringLiteral("lblTitle"));
+    QFont big = title->font();
+    big.setPointSizeF(big.pointSizeF() * 2.4);
+    big.setBold(true);
+    title->setFont(big);
+    auto* version =
+        new QLabel(QStringLiteral("Version ") + QStringLiteral(KORVANE_VERSION_STRING), this);
+    version->setObjectName(QStringLiteral("lblVersion"));
+    auto* purpose =
+        new QLabel(QStringLiteral("Maps and counters for board games played by mail"), this);
+    m_lblStatus->setObjectName(QStringLiteral("lblStatus"));
+    m_lblStatus->setTextFormat(Qt::PlainText);
+    m_lblStatus->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+
+    auto* libraries =
+        new QLabel(QStringLiteral("Built with ") + LibraryVersions().join(QStringLiteral(", ")) +
+                       QLatin1Char('.'),
+                   m_aboutPart);
+    libraries->setObjectName(QStringLiteral("lblLibraries"));
+    libraries->setWordWrap(true);
+    m_txtLicence->setObjectName(QStringLiteral("txtLicence"));
+    m_txtLicence->setPlainText(LicenceText);
+    m_txtLicence->setReadOnly(true);
+    m_txtLicence->setMinimumHeight(fontMetrics().height() * 8);
+    auto* aboutLayout = new QVBoxLayout(m_aboutPart);
+    aboutLayout->setContentsMargins(0, 0, 0, 0);
+    aboutLayout->addWidget(libraries);
+    aboutLayout->addWidget(m_txtLicence, 1);
+    auto* buttons = new UDialogButtons(this);
+    // The about box has nothing to cancel: OK (or Escape) closes it.
+    for (QAbstractButton* button : buttons->buttons()) {
+        if (button != buttons->Ok())
+            button->hide();
+    }
+    aboutLayout->addWidget(buttons);
+    m_aboutPart->hide();
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 16);
+    layout->addWidget(title);
+    layout->addWidget(version);
+    layout->addWidget(purpose);
+    layout->addSpacing(fontMetrics().height());
+    layout->addWidget(m_lblStatus);
+    layout->addWidget(m_aboutPart, 1);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);
+}
+
+QStringList frmSplash::LibraryVersions()
+{
+    return {QStringLiteral("Qt ") + QLatin1String(qVersion()),
+            QStringLiteral("zlib ") + QLatin1String(zlibVersion()),
+            QStringLiteral("libxml2 ") + libxml2Version()};
 }
 
 void frmSplash::Show()
 {
     show();
-    QApplication::processEvents();
+    raise();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void frmSplash::UpdateStatus(const QString& text, float)
 {
-    showMessage(text, Qt::AlignBottom | Qt::AlignLeft, Qt::white);
-    QApplication::processEvents();
+    m_lblStatus->setText(text);
+    if (isVisible())
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmSplash::Display()
+{
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    m_lblStatus->hide();
+    m_aboutPart->show();
+    exec();
 }

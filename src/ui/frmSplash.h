@@ -3,11 +3,17 @@
 #include "core/FAboutDlg.h"
 #include "core/FSplashScr.h"
 
-#include <QSplashScreen>
+#include <QDialog>
 
-// The window shown while the program starts. (A first version; the full
-// splash and about window replaces it.)
-class frmSplash : public QSplashScreen, public FSplashScr, public FAboutDlg
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+
+// The program's title window. While the program starts it is a frameless
+// splash with the name, the version and a status line (lblStatus); as the
+// about box (Display) it adds the libraries Korvane is built on, with their
+// versions, and the licence, and closes with OK or Escape.
+class frmSplash : public QDialog, public FSplashScr, public FAboutDlg
 {
     Q_OBJECT
 
@@ -17,5 +23,14 @@ public:
     void Show() override;
     void Hide() override { hide(); }
     void UpdateStatus(const QString& text, float minimumSeconds) override;
-    void Display() override {}
+    void Display() override;
+
+    // "Qt 6.4.2", "zlib 1.2.13", "libxml2 2.9.14": the versions in use.
+    static QStringList LibraryVersions();
+    static const QString LicenceText;
+
+private:
+    QLabel* m_lblStatus;
+    QWidget* m_aboutPart;
+    QPlainTextEdit* m_txtLicence;
 };

@@ -4,6 +4,7 @@
 #include "core/CKorvane.h"
 #include "model/CGame.h"
 #include "persist/CPersistMgr.h"
+#include "persist/CRecoveryMgr.h"
 #include "ui/CActionMenu.h"
 #include "ui/CCommandGuard.h"
 #include "ui/CFileMenu.h"
@@ -106,6 +107,8 @@ void mdiMain::GameSaved()
     const QString path = CGameCommands::CurrentFilePath();
     if (!path.isEmpty())
         CRecentFiles::Add(QFileInfo(path).absoluteFilePath());
+    if (m_recovery)
+        m_recovery->GameSaved();
     UpdateTitle();
 }
 

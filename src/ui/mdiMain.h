@@ -10,6 +10,7 @@ class CActionMenu;
 class CFileMenu;
 class CGameMenu;
 class CHelpMenu;
+class CRecoveryMgr;
 class CToolsMenu;
 class CViewMenu;
 class UMapTabs;
@@ -40,7 +41,10 @@ public:
     UTokenPalette* Palette() const { return m_palette; }
     CFileMenu* FileMenuHandler() const { return m_fileMenu; }
 
-    // The game was written to its file: the title loses its change mark.
+    // The autosave that GameSaved tells of a save; none by default.
+    void SetRecovery(CRecoveryMgr* recovery) { m_recovery = recovery; }
+    // The game was written to its file: the title loses its change mark and
+    // the recovery copy goes.
     void GameSaved();
     void UpdateTitle();
 
@@ -87,4 +91,5 @@ private:
     CGameMenu* m_gameMenu;
     CToolsMenu* m_toolsMenu;
     CHelpMenu* m_helpMenu;
+    CRecoveryMgr* m_recovery = nullptr;
 };

@@ -15,6 +15,7 @@ public:
     // Appends a token made by class name, its index being its position.
     std::shared_ptr<IToken> AddToken(const QString& className, const QString& id);
     CVector<IToken>& TokenList() { return m_tokens; }
+    CVector<IAction>& ActionList() { return m_actions; }
     void SetBoardSize(std::int32_t width, std::int32_t height)
     {
         m_mapWidth = width;

@@ -1,0 +1,297 @@
+#include "actions/CActToolResetMoved.h"
+#include "actions/CActionMgr.h"
+#include "actions/CActionNewMap.h"
+#include "actions/CActionNewMapGroup.h"
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CKorvane.h"
+#include "core/FNewGameDlg.h"
+#include "core/FOpenFileDlg.h"
+#include "core/FSaveFileDlg.h"
+#include "model/CGame.h"
+#include "model/CGameEventMgr.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "render/CMapExport.h"
+#include "support/ContextTestSupport.h"
+#include "support/RootFixture.h"
+#include "support/TestContext.h"
+#include "tokens/IToken.h"
+#include "ui/CGameCommands.h"
+#include "ui/CWidgetGui.h"
+#include "ui/UMapTabs.h"
+#include "ui/UTokenPalette.h"
+#include "ui/mdiMain.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QToolBox>
+
+namespace {
+
+// File and new-game dialogs that answer from a script.
+class ScriptedChoices : public FSaveFileDlg, public FOpenFileDlg, public FNewGameDlg
+{
+public:
+    QString Path;
+    QString GameId;
+
+    bool Display(const QString&, const QString&, const QString&, const QString&) override
+    {
+        return !Path.isEmpty();
+    }
+    bool Display(const QString&, const QString&, const QString&) override
+    {
+        return !Path.isEmpty();
+    }
+    bool Display() override { return !GameId.isEmpty(); }
+    QString SelectedGameId() const override { return GameId; }
+    QString SelDir() const override { return QFileInfo(Path).absolutePath() + QLatin1Char('/'); }
+    QString SelFile() const override { return QFileInfo(Path).completeBaseName(); }
+    QString SelExt() const override { return QFileInfo(Path).suffix(); }
+};
+
+// The program's own windows, with the message boxes and file dialogs scripted.
+class TestGui : public CWidgetGui
+{
+public:
+    ScriptedMessages Boxes;
+    ScriptedChoices Choices;
+
+    FMessageBox* Messages() override { return &Boxes; }
+    FSaveFileDlg* SaveFileDlg() override { return &Choices; }
+    FOpenFileDlg* OpenFileDlg() override { return &Choices; }
+    FNewGameDlg* NewGameDlg() override { return &Choices; }
+};
+
+const QString skirmishId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
+
+class MainWindow : public RootFixture
+{
+protected:
+    void SetUp() override
+    {
+        QDir().mkpath(home.File(QStringLiteral("modules")));
+        QFile::copy(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR "/skirmish.krm"),
+                    home.File(QStringLiteral("modules/skirmish.krm")));
+        RootFixture::SetUp();
+        window = gui->MainWindow();
+        window->show();
+    }
+    std::unique_ptr<CGui> MakeGui() override
+    {
+        auto made = std::make_unique<TestGui>();
+        gui = made.get();
+        return made;
+    }
+
+    // Opens the menu (as a click on its title would) and returns its item.
+    QAction* item(const char* menu, const char* name) const
+    {
+        auto* opened = window->findChild<QMenu*>(QLatin1String(menu));
+        Q_EMIT opened->aboutToShow();
+        return window->findChild<QAction*>(QLatin1String(name));
+    }
+    QString shown(const char* menu, const char* name) const
+    {
+        QAction* found = item(menu, name);
+        if (!found->isVisible())
+            return QStringLiteral("(hidden)");
+        return found->text() + (found->isEnabled() ? QString() : QStringLiteral(" (off)"));
+    }
+    void newGame()
+    {
+        gui->Choices.GameId = skirmishId;
+        ASSERT_TRUE(CGameCommands::NewGame());
+    }
+    // Drops a counter of the first palette token on the shown map.
+    void dropCounter(std::int32_t x, std::int32_t y) const
+    {
+        Root().Context()->Tokens().Item(1)->HandleDrop(x, y);
+    }
+    QString lastMessage() const
+    {
+        return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
+    }
+
+    TestGui* gui = nullptr;
+    mdiMain* window = nullptr;
+};
+
+TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
+{
+    EXPECT_EQ(shown("mnuAction", "mnuActionUndo"), QStringLiteral("Can't Undo (off)"));
+    EXPECT_EQ(shown("mnuGame", "mnuGameAddMap"), QStringLiteral("Can't Add Map (off)"));
+    EXPECT_FALSE(item("mnuFile", "mnuFileSaveGame")->isEnabled());
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Korvane"));
+
+    newGame();
+    const auto palette = window->Palette()->findChild<QToolBox*>();
+    EXPECT_EQ(palette->count(), 4);
+    EXPECT_EQ(palette->itemText(0), QStringLiteral("Red"));
+    EXPECT_EQ(shown("mnuTools", "mnuToolsCustom1"), QStringLiteral("Reset &Moved"));
+    EXPECT_NE(shown("mnuTools", "mnuToolsCustom2"), QStringLiteral("(hidden)"));
+    EXPECT_EQ(shown("mnuTools", "mnuToolsCustom3"), QStringLiteral("(hidden)"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionCustom1"), QStringLiteral("(hidden)"));
+    EXPECT_FALSE(window->windowTitle().contains(QLatin1Char('*')));
+
+    dropCounter(100, 100);
+    EXPECT_EQ(shown("mnuAction", "mnuActionUndo"), QStringLiteral("&Undo Place New Unit"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionRedo"), QStringLiteral("Can't Redo (off)"));
+    EXPECT_TRUE(window->windowTitle().endsWith(QStringLiteral("* - Korvane")));
+    item("mnuAction", "mnuActionUndo")->trigger();
+    EXPECT_EQ(shown("mnuAction", "mnuActionUndo"), QStringLiteral("Can't Undo (off)"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionRedo"), QStringLiteral("&Redo Place New Unit"));
+
+    // A second map: the tabs follow, and a tab click shows the other map.
+    UMapTabs* tabs = window->MapTabs();
+    const std::shared_ptr<CMapGroup> group = Root().Game()->ActiveMapGroup();
+    const std::int32_t maps = group->Maps().Count();
+    auto addMap = std::make_shared<CActionNewMap>();
+    addMap->SetName(QStringLiteral("Turn & Two"));
+    Root().ActionMgr().Execute(addMap);
+    ASSERT_EQ(tabs->count(), maps + 1);
+    EXPECT_EQ(tabs->currentIndex(), maps);
+    EXPECT_EQ(tabs->tabText(maps), QStringLiteral("Turn && Two"));
+    tabs->setCurrentIndex(0);
+    EXPECT_EQ(group->ActiveMap(), group->Maps().Item(1));
+    item("mnuView", "mnuViewLastMap")->trigger();
+    EXPECT_EQ(tabs->currentIndex(), maps);
+    item("mnuView", "mnuViewPreviousMap")->trigger();
+    EXPECT_EQ(group->ActiveMap(), group->Maps().Item(maps));
+    item("mnuView", "mnuViewFirstMap")->trigger();
+    EXPECT_EQ(tabs->currentIndex(), 0);
+
+    // Removing asks first; a yes removes the shown map and empties the history.
+    const QString removed = group->ActiveMap()->Name();
+    EXPECT_EQ(shown("mnuGame", "mnuGameRemoveMap"),
+              QStringLiteral("&Remove '") + removed + QLatin1Char('\''));
+    gui->Boxes.Answers = {FMessageBox::Answer::No};
+    item("mnuGame", "mnuGameRemoveMap")->trigger();
+    EXPECT_EQ(group->Maps().Count(), maps + 1);
+    EXPECT_EQ(lastMessage(),
+              QStringLiteral("Removal of '") + removed +
+                  QStringLiteral("' cannot be undone.\n\nDo you want to continue ?"));
+    gui->Boxes.Answers = {FMessageBox::Answer::Yes};
+    const std::int16_t dirty = Root().Game()->Dirty();
+    item("mnuGame", "mnuGameRemoveMap")->trigger();
+    EXPECT_EQ(group->Maps().Count(), maps);
+    EXPECT_EQ(tabs->count(), maps);
+    EXPECT_EQ(Root().ActionMgr().NextUndoAction(), nullptr);
+    EXPECT_EQ(Root().Game()->Dirty(), dirty + 1);
+    EXPECT_EQ(tabs->tabData(tabs->currentIndex()).toString(), group->ActiveMap()->Id());
+
+    // A closed archive refuses new and removed maps and shows a lock.
+    group->SetFrozen(true);
+    EXPECT_EQ(shown("mnuGame", "mnuGameAddMap"), QStringLiteral("Can't Add Map (off)"));
+    EXPECT_EQ(shown("mnuGame", "mnuGameRemoveMap"), QStringLiteral("Can't Remove Map (off)"));
+    tabs->Rebuild();
+    EXPECT_FALSE(tabs->tabIcon(0).isNull());
+    group->SetFrozen(false);
+
+    // Ten archives: the menu lists the first nine.
+    for (int i = 0; i < 9; ++i) {
+        auto newGroup = std::make_shared<CActionNewMapGroup>();
+        newGroup->SetName(QStringLiteral("Turn %1").arg(10 + i));
+        Root().ActionMgr().Execute(newGroup);
+    }
+    ASSERT_EQ(Root().Game()->MapGroups().Count(), 10);
+    EXPECT_EQ(shown("mnuView", "mnuViewArch2"), QStringLiteral("&2.  'Turn 10'"));
+    EXPECT_EQ(shown("mnuView", "mnuViewArch9"), QStringLiteral("&9.  'Turn 17'"));
+    EXPECT_EQ(window->findChild<QAction*>(QStringLiteral("mnuViewArch10")), nullptr);
+    item("mnuView", "mnuViewArch1")->trigger();
+    EXPECT_EQ(Root().Game()->ActiveMapGroup(), group);
+    EXPECT_EQ(tabs->count(), maps);
+    item("mnuView", "mnuViewArchCurrent")->trigger();
+    EXPECT_EQ(Root().Game()->ActiveMapGroup(), Root().Game()->MapGroups().Item(10));
+    EXPECT_EQ(tabs->count(), 1);
+}
+
+TEST_F(MainWindow, CustomActionsShowAsManyItemsAsTheModuleOffers)
+{
+    auto context = std::make_shared<TestContext>();
+    context->ActionList().AddItem(std::make_shared<CActionNewMap>());
+    context->ActionList().AddItem(std::make_shared<CActionNewMap>());
+    Root().SetContext(context);
+    Root().EventMgr().NotifyOfNewContext(nullptr);
+    EXPECT_EQ(shown("mnuAction", "mnuActionCustom1"), QStringLiteral("New Map (off)"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionCustom2"), QStringLiteral("New Map (off)"));
+    for (const char* hidden : {"mnuActionCustom3", "mnuActionCustom4", "mnuActionCustom5"})
+        EXPECT_EQ(shown("mnuAction", hidden), QStringLiteral("(hidden)")) << hidden;
+    Root().SetContext(nullptr);
+}
+
+TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
+{
+    newGame();
+    dropCounter(120, 80);
+    const QString path = home.File(QStringLiteral("games/turn1.krf"));
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    gui->Choices.Path = path;
+    item("mnuFile", "mnuFileSaveGameAs")->trigger();
+    ASSERT_TRUE(QFileInfo::exists(path));
+    EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("turn1.krf - Korvane")));
+    EXPECT_FALSE(window->windowTitle().contains(QLatin1Char('*')));
+    EXPECT_EQ(item("mnuFile", "mnuFileRecent1")->text(), QStringLiteral("&1 ") + path);
+
+    // The exported picture is the renderer's, byte for byte.
+    gui->Choices.Path = home.File(QStringLiteral("games/board.png"));
+    item("mnuFile", "mnuFileExport")->trigger();
+    EXPECT_EQ(
+        home.ReadFile(QStringLiteral("games/board.png")),
+        CMapExport::Render(Root().Game()->ActiveMapGroup()->ActiveMap(), Root().Context(), 1.0)
+            .Png);
+    gui->Choices.Path = path;
+
+    // A damaged file and a file of no module are refused; the game and its
+    // history stay.
+    dropCounter(200, 80);
+    const std::shared_ptr<CGame> game = Root().Game();
+    QFile damaged(home.File(QStringLiteral("games/damaged.krf")));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    QByteArray bytes = home.ReadFile(QStringLiteral("games/turn1.krf"));
+    bytes.truncate(bytes.size() / 2);
+    damaged.write(bytes);
+    damaged.close();
+    gui->Boxes.Answers = {FMessageBox::Answer::No};
+    EXPECT_FALSE(CGameCommands::OpenFile(damaged.fileName()));
+    EXPECT_TRUE(lastMessage().startsWith(QStringLiteral("File '") + damaged.fileName() +
+                                         QStringLiteral("' cannot be opened.")))
+        << lastMessage().toStdString();
+    EXPECT_EQ(Root().Game(), game);
+    EXPECT_NE(Root().ActionMgr().NextUndoAction(), nullptr);
+    EXPECT_EQ(window->Palette()->findChild<QToolBox*>()->count(), 4);
+
+    const QString foreign = home.WriteFile(QStringLiteral("games/notes.krf"), "just some notes");
+    EXPECT_FALSE(CGameCommands::OpenFile(foreign));
+    EXPECT_EQ(lastMessage(), QStringLiteral("File 'notes.krf' is either invalid or you do not have "
+                                            "the corresponding Module installed."));
+    EXPECT_EQ(Root().Game(), game);
+
+    // Closing with changes: Cancel keeps the window, Yes saves and closes.
+    gui->Boxes.Answers = {FMessageBox::Answer::Cancel};
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    gui->Boxes.Answers = {FMessageBox::Answer::Yes};
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(Root().Game()->Dirty(), 0);
+
+    // The saved game opens again with both counters.
+    window->show();
+    ASSERT_TRUE(CGameCommands::OpenFile(path));
+    EXPECT_NE(Root().Game(), game);
+    EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Units()->Count(),
+              game->ActiveMapGroup()->ActiveMap()->Units()->Count());
+    EXPECT_EQ(Root().ActionMgr().NextUndoAction(), nullptr);
+
+    // Closing with changes answered No closes without writing.
+    dropCounter(300, 80);
+    const QByteArray before = home.ReadFile(QStringLiteral("games/turn1.krf"));
+    gui->Boxes.Answers = {FMessageBox::Answer::No};
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(home.ReadFile(QStringLiteral("games/turn1.krf")), before);
+}
+
+} // namespace
