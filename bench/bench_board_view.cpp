@@ -1,0 +1,258 @@
+// The board window on a large map: a 10,000 x 10,000 board picture, 2,000
+// counters with labels and 100 arrows, seen through a 1,920 x 1,080 view.
+// Measures showing the map (the board's rebuild and its first paint), one
+// drag step (the counter follows the pointer and the exposed region is
+// painted), and the process's resident memory. The baseline, in the same
+// run, draws the same map with the board renderer into a picture of the
+// view's size: what showing the map costs without a scene.
+#include "contexts/CImageList.h"
+#include "contexts/IGameContext.h"
+#include "core/CKorvane.h"
+#include "core/CUtility.h"
+#include "model/CArrow.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "model/CUnit.h"
+#include "render/CBoardRenderer.h"
+#include "tokens/CTokenFactory.h"
+#include "tokens/IToken.h"
+#include "ui/mdcBoard.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+namespace {
+
+constexpr int boardSide = 10000;
+constexpr int tokenCount = 20;
+constexpr int unitCount = 2000;
+constexpr int arrowCount = 100;
+constexpr int unitSize = 40;
+const QSize viewSize(1920, 1080);
+
+class BenchContext : public IGameContext
+{
+public:
+    BenchContext() : m_board(boardSide, boardSide, QImage::Format_RGB32)
+    {
+        m_board.fill(QColor(40, 120, 60));
+        {
+            // Some drawing, so the picture is not one flat colour.
+            QPainter painter(&m_board);
+            painter.setPen(QColor(20, 80, 30));
+            for (int at = 0; at < boardSide; at += 50) {
+                painter.drawLine(at, 0, at, boardSide);
+                painter.drawLine(0, at, boardSide, at);
+            }
+        }
+        m_units = std::make_shared<CImageList>(0xFF00FF, unitSize, unitSize);
+        for (std::int16_t i = 1; i <= tokenCount; ++i) {
+            const QString id = QStringLiteral("T%1").arg(i);
+            m_tokens.AddItem(CTokenFactory::Create(QStringLiteral("CQuantityToken"), id, i,
+                                                   QStringLiteral("Units"), id, id, unitSize,
+                                                   unitSize));
+            QImage picture(unitSize, unitSize, QImage::Format_RGB32);
+            picture.fill(QColor(10 * i, 200 - 5 * i, 90));
+            m_units->Add(id, picture);
+        }
+    }
+    QString Id() const override { return QStringLiteral("krm_bench_v1"); }
+    QString Caption() const override { return QStringLiteral("Bench"); }
+    QImage Picture() const override { return QImage(); }
+    QString FontName() const override { return QStringLiteral("Sans"); }
+    double FontSize() const override { return 9; }
+    bool HasTransparentLabel() const override { return false; }
+    QString MultiplierPrefix() const override { return QStringLiteral("x"); }
+    std::int32_t LabelForeColor() const override { return 65535; }
+    std::int32_t LabelBackColor() const override { return 0; }
+    std::int32_t LabelMovedColor() const override { return 65280; }
+    QString FileExtension() const override { return QString(); }
+    QString FileCaption() const override { return QString(); }
+    void Initialize(std::shared_ptr<CModuleDefinition>, std::shared_ptr<CResFileMgr>) override {}
+    void Activate(IProgressMonitor*) override {}
+    void Deactivate() override {}
+    void Dispose() override {}
+    std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
+    QImage MapPicture() const override { return m_board; }
+    std::int32_t MapWidth() const override { return m_board.width(); }
+    std::int32_t MapHeight() const override { return m_board.height(); }
+    std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
+    std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
+    bool IsUserDefined() const override { return false; }
+    std::shared_ptr<CImageList> UnitImgLst() const override { return m_units; }
+    const CVector<IToken>& Tokens() const override { return m_tokens; }
+    const CVector<IActionTool>& CustomTools() const override { return m_tools; }
+    const CVector<IAction>& CustomActions() const override { return m_actions; }
+    QString Url() const override { return QString(); }
+
+private:
+    QImage m_board;
+    std::shared_ptr<CImageList> m_units;
+    CVector<IToken> m_tokens;
+    CVector<IActionTool> m_tools;
+    CVector<IAction> m_actions;
+};
+
+// The game of one map that every benchmark shows; the first unit stands in
+// the view's top-left part, where the drag takes it.
+std::shared_ptr<CMap> makeGame(const IGameContext& context)
+{
+    auto game = std::make_shared<CGame>(CUtility::GenerateId());
+    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+    game->MapGroups().AddItem(group);
+    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
+    group->Maps().AddItem(map);
+    game->SwitchTo(group);
+    for (int i = 0; i < unitCount; ++i) {
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
+                                            context.Tokens().Item(i % tokenCount + 1));
+        unit->SetX(i == 0 ? 400 : i * 4937 % (boardSide - unitSize));
+        unit->SetY(i == 0 ? 400 : i * 7919 % (boardSide - unitSize));
+        unit->SetCaption(QStringLiteral("x%1").arg(i % 12 + 1));
+        unit->SetData(QString::number(i % 12 + 1));
+        unit->SetHasMoved(i % 5 == 0);
+        map->Units()->AddItem(unit);
+    }
+    for (int i = 0; i < arrowCount; ++i) {
+        auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+        arrow->SetTailX(i * 97 % boardSide);
+        arrow->SetTailY(i * 89 % boardSide);
+        arrow->SetHeadX(arrow->TailX() + 120);
+        arrow->SetHeadY(arrow->TailY() + 60);
+        arrow->SetColor(0x0000FF);
+        map->Arrows()->AddItem(arrow);
+    }
+    Root().SetGame(game);
+    return map;
+}
+
+// Resident memory of the process, in megabytes (0 where it cannot be read).
+double residentMegabytes()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
+    }
+    return 0;
+}
+
+double seconds(std::chrono::steady_clock::duration d)
+{
+    return std::chrono::duration<double>(d).count();
+}
+
+struct Scene
+{
+    std::shared_ptr<CMap> Map;
+    std::unique_ptr<mdcBoard> Board;
+};
+
+Scene& scene()
+{
+    static Scene shown = [] {
+        Scene made;
+        made.Map = makeGame(*Root().Context());
+        made.Board = std::make_unique<mdcBoard>();
+        made.Board->setFrameShape(QFrame::NoFrame);
+        made.Board->resize(viewSize);
+        made.Board->show();
+        made.Board->NotifyOfNewGame();
+        QCoreApplication::processEvents();
+        return made;
+    }();
+    return shown;
+}
+
+void BM_ShowMap(benchmark::State& state)
+{
+    Scene& shown = scene();
+    const CBoardRenderer renderer(Root().Context());
+    QImage target(viewSize, QImage::Format_ARGB32_Premultiplied);
+    using clock = std::chrono::steady_clock;
+    clock::duration rebuilding{}, rendering{};
+    for (auto _ : state) {
+        const auto t0 = clock::now();
+        shown.Board->NotifyOfNewGame();
+        shown.Board->viewport()->repaint();
+        const auto t1 = clock::now();
+        {
+            QPainter painter(&target);
+            renderer.PaintMap(painter, *shown.Map);
+        }
+        rendering += clock::now() - t1;
+        rebuilding += t1 - t0;
+    }
+    const double n = static_cast<double>(state.iterations());
+    state.counters["rebuild_ms"] = seconds(rebuilding) / n * 1e3;
+    state.counters["render_ms"] = seconds(rendering) / n * 1e3;
+    state.counters["ratio"] = seconds(rebuilding) / seconds(rendering);
+    state.counters["rss_mb"] = residentMegabytes();
+}
+BENCHMARK(BM_ShowMap)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+void send(QWidget* viewport, QEvent::Type type, QPoint at, Qt::MouseButtons held)
+{
+    QMouseEvent event(type, QPointF(at), viewport->mapToGlobal(QPointF(at)),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &event);
+}
+
+void BM_DragStep(benchmark::State& state)
+{
+    Scene& shown = scene();
+    QWidget* viewport = shown.Board->viewport();
+    const QPoint grip(420, 420);
+    send(viewport, QEvent::MouseButtonPress, grip, Qt::LeftButton);
+    int step = 0;
+    for (auto _ : state) {
+        // To and fro across 200 pixels, 7 pixels a step: a quick hand.
+        const int offset = 7 * (step % 60 < 30 ? step % 30 : 30 - step % 30);
+        ++step;
+        send(viewport, QEvent::MouseMove, grip + QPoint(offset, offset / 2), Qt::LeftButton);
+        // Paints what the move exposed, as the next frame would.
+        QCoreApplication::processEvents();
+    }
+    // Released outside the view: the counter goes back, nothing is recorded.
+    send(viewport, QEvent::MouseButtonRelease, QPoint(-50, -50), Qt::NoButton);
+    state.counters["rss_mb"] = residentMegabytes();
+}
+BENCHMARK(BM_DragStep)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QTemporaryDir home;
+    QTemporaryDir settings;
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    qputenv("KORVANE_HOME", home.path().toLocal8Bit());
+    qunsetenv("KORVANE_TRACE");
+
+    auto root = std::make_shared<CKorvane>();
+    InstallRoot(root);
+    root->Constructor(nullptr);
+    root->SetContext(std::make_shared<BenchContext>());
+
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    scene().Board.reset();
+    ReleaseRoot();
+    return 0;
+}

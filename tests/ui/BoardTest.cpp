@@ -1,0 +1,429 @@
+#include "actions/CActionDeleteUnit.h"
+#include "actions/CActionEditUnit.h"
+#include "actions/CActionMgr.h"
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
+#include "core/CDragDropMgr.h"
+#include "core/CKorvane.h"
+#include "core/MMain.h"
+#include "model/CArrow.h"
+#include "model/CMap.h"
+#include "model/CUnit.h"
+#include "render/CBoardRenderer.h"
+#include "support/RootFixture.h"
+#include "support/ScriptedGui.h"
+#include "tokens/IToken.h"
+#include "ui/CBoardZoom.h"
+#include "ui/CGameCommands.h"
+#include "ui/CMapState.h"
+#include "ui/CUnitItem.h"
+#include "ui/CWidgetGui.h"
+#include "ui/UTokenPalette.h"
+#include "ui/arcArrows.h"
+#include "ui/mdcBoard.h"
+#include "ui/mdiMain.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTest>
+
+namespace {
+
+// The program's own windows, with a right-click menu that answers by script.
+class BoardGui : public CWidgetGui
+{
+public:
+    ScriptedPopupMenu Popup;
+    FPopupMenu* PopupMenu() override { return &Popup; }
+};
+
+// The main window on screen with Border Skirmish's new game, its map emptied.
+class BoardTest : public RootFixture
+{
+protected:
+    void SetUp() override
+    {
+        const QDir built(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR));
+        QDir().mkpath(home.File(QStringLiteral("modules")));
+        for (const QString& pack : built.entryList({QStringLiteral("*.krm")}, QDir::Files))
+            ASSERT_TRUE(QFile::copy(built.filePath(pack), home.File("modules/" + pack)));
+        RootFixture::SetUp();
+        window = gui->MainWindow();
+        window->resize(1000, 760);
+        window->show();
+        board = window->Board();
+        CContextMgr& contexts = Root().ContextMgr();
+        const auto context = contexts.Context(
+            contexts.PosOfContext(QStringLiteral("krm_border_skirmish_by_korvane_v1")));
+        ASSERT_TRUE(context && MMain::SwitchContext(context));
+        CGameCommands::ReplaceGame(context->CreateDefaultGame());
+        while (map()->Units()->Count() > 0) {
+            auto removal = std::make_shared<CActionDeleteUnit>();
+            removal->SetMapId(map()->Id());
+            removal->SetUnit(map()->Units()->Item(1));
+            Root().ActionMgr().Execute(removal);
+        }
+        Root().ActionMgr().Clear();
+    }
+    std::unique_ptr<CGui> MakeGui() override
+    {
+        auto made = std::make_unique<BoardGui>();
+        gui = made.get();
+        return made;
+    }
+
+    static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
+    static std::int32_t units() { return map()->Units()->Count(); }
+    static std::shared_ptr<CUnit> unit(std::int32_t position)
+    {
+        return map()->Units()->Item(position);
+    }
+    static std::shared_ptr<CUnit> last() { return unit(units()); }
+    static QString undoCaption()
+    {
+        const auto next = Root().ActionMgr().NextUndoAction();
+        return next ? next->Caption() : QString();
+    }
+    QPoint view(QPoint boardPixel) const { return board->mapFromScene(QPointF(boardPixel)); }
+
+    void mouse(QEvent::Type type, QPoint boardPixel, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        const QPointF local(view(boardPixel));
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+        QMouseEvent event(type, local, board->viewport()->mapToGlobal(local),
+                          type == QEvent::MouseMove ? Qt::NoButton : button, held, modifiers);
+        QApplication::sendEvent(board->viewport(), &event);
+    }
+    // Press, two steps of movement and release, as a hand drags.
+    void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        mouse(QEvent::MouseButtonPress, from, Qt::LeftButton, modifiers);
+        mouse(QEvent::MouseMove, (from + to) / 2, Qt::LeftButton, modifiers);
+        mouse(QEvent::MouseMove, to, Qt::LeftButton, modifiers);
+        mouse(QEvent::MouseButtonRelease, to, Qt::LeftButton, modifiers);
+    }
+    // A palette drag as the offscreen platform allows: the drag events sent
+    // by hand, with a trip out of the board and back before the drop.
+    void dropFromPalette(const QString& tokenId, QPoint at) const
+    {
+        CDragDropMgr& manager = Root().DragDropMgr();
+        manager.StartDrag(CDragDropMgr::Source::Palette, tokenId, nullptr);
+        QMimeData mime;
+        mime.setData(QLatin1String(UTokenPalette::MimeType), tokenId.toUtf8());
+        const QPointF local(view(at));
+        for (int trip = 0; trip < 2; ++trip) {
+            QDragEnterEvent enter(view(at), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(board->viewport(), &enter);
+            QDragMoveEvent move(view(at), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(board->viewport(), &move);
+            if (trip == 0) {
+                QDragLeaveEvent leave;
+                QApplication::sendEvent(board->viewport(), &leave);
+            }
+        }
+        QDropEvent drop(local, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(board->viewport(), &drop);
+        manager.EndDrag();
+    }
+    // A stack of count red infantry whose click region is centred on centre.
+    std::shared_ptr<CUnit> stack(QPoint centre, int count) const
+    {
+        dropFromPalette(QStringLiteral("red_inf"), centre);
+        auto edit = std::make_shared<CActionEditUnit>();
+        edit->SetMapId(map()->Id());
+        edit->SetUnitId(last()->Id());
+        edit->SetData(QString::number(count));
+        edit->SetUnitCaption(QStringLiteral("x%1").arg(count));
+        Root().ActionMgr().Execute(edit);
+        return last();
+    }
+
+    BoardGui* gui = nullptr;
+    mdiMain* window = nullptr;
+    mdcBoard* board = nullptr;
+};
+
+QPoint placeOf(const CUnit& unit)
+{
+    return QPoint(unit.x(), unit.y());
+}
+
+// red_inf pictures are 40 x 40 with the click region (2, 2, 36, 36): a unit
+// centred on a point stands 20 pixels up and left of it.
+const QPoint toCorner(20, 20);
+
+TEST_F(BoardTest, DropsDragsAndMergesGoThroughTheTokensAsUndoableSteps)
+{
+    dropFromPalette(QStringLiteral("red_inf"), QPoint(300, 200));
+    ASSERT_EQ(units(), 1);
+    const auto dropped = last();
+    EXPECT_EQ(placeOf(*dropped), QPoint(280, 180));
+    EXPECT_EQ(board->ItemFor(dropped->Id())->pos(), QPointF(280, 180));
+    EXPECT_EQ(undoCaption(), QStringLiteral("Place New Unit"));
+
+    // Three drags in a row: one undo step, back to where it was dropped.
+    const std::int32_t undoPos = Root().ActionMgr().UndoPos();
+    drag(QPoint(300, 200), QPoint(350, 210));
+    drag(QPoint(350, 210), QPoint(400, 260));
+    drag(QPoint(400, 260), QPoint(420, 300));
+    EXPECT_EQ(placeOf(*dropped), QPoint(420, 300) - toCorner);
+    EXPECT_TRUE(dropped->HasMoved());
+    EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos + 1);
+    Root().ActionMgr().Undo();
+    EXPECT_EQ(placeOf(*dropped), QPoint(280, 180));
+    EXPECT_EQ(board->ItemFor(dropped->Id())->pos(), QPointF(280, 180));
+
+    // A release off the map or a click without movement changes nothing.
+    drag(QPoint(300, 200), QPoint(5000, 5000));
+    mouse(QEvent::MouseButtonPress, QPoint(300, 200));
+    mouse(QEvent::MouseButtonRelease, QPoint(300, 200));
+    EXPECT_EQ(placeOf(*dropped), QPoint(280, 180));
+    EXPECT_EQ(board->ItemFor(dropped->Id())->pos(), QPointF(280, 180));
+    EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+
+    // A stack dropped on a like stack merges; one undo brings both back.
+    const auto target = stack(QPoint(100, 100), 4);
+    const auto moving = stack(QPoint(200, 300), 3);
+    drag(QPoint(200, 300), QPoint(110, 105));
+    ASSERT_EQ(units(), 2);
+    EXPECT_EQ(target->Caption(), QStringLiteral("x7"));
+    EXPECT_EQ(board->ItemFor(moving->Id()), nullptr);
+    Root().ActionMgr().Undo();
+    ASSERT_EQ(units(), 3);
+    EXPECT_EQ(target->Caption(), QStringLiteral("x4"));
+    EXPECT_EQ(last()->Caption(), QStringLiteral("x3"));
+    EXPECT_EQ(board->ItemFor(last()->Id())->pos(), QPointF(180, 280));
+}
+
+TEST_F(BoardTest, HeldDigitTearsOffThatManyAndTheDragCarriesThem)
+{
+    struct Case
+    {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int stackSize;
+        int tornOff; // 0: the whole stack is dragged
+    };
+    const Case cases[] = {{Qt::Key_3, Qt::NoModifier, 12, 3},
+                          {Qt::Key_0, Qt::KeypadModifier, 12, 10},
+                          {Qt::Key_5, Qt::NoModifier, 5, 0}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.tornOff);
+        const auto pressed = stack(QPoint(100, 100), c.stackSize);
+        const std::int32_t before = units();
+        QTest::keyPress(board, c.key, c.modifiers);
+        drag(QPoint(100, 100), QPoint(300, 250));
+        QTest::keyRelease(board, c.key, c.modifiers);
+        if (c.tornOff == 0) {
+            EXPECT_EQ(units(), before);
+            EXPECT_EQ(placeOf(*pressed), QPoint(300, 250) - toCorner);
+        } else {
+            ASSERT_EQ(units(), before + 1);
+            EXPECT_EQ(pressed->Data(), QString::number(c.stackSize - c.tornOff));
+            EXPECT_EQ(placeOf(*pressed), QPoint(80, 80));
+            EXPECT_EQ(last()->Caption(), QStringLiteral("x%1").arg(c.tornOff));
+            EXPECT_EQ(placeOf(*last()), QPoint(300, 250) - toCorner);
+            EXPECT_EQ(undoCaption(), QStringLiteral("Tear Off %1").arg(c.tornOff));
+        }
+        Root().ActionMgr().Undo();
+        EXPECT_EQ(units(), before);
+        EXPECT_EQ(pressed->Data(), QString::number(c.stackSize));
+        EXPECT_EQ(placeOf(*pressed), QPoint(80, 80));
+        Root().ActionMgr().Undo(); // the stack itself
+        Root().ActionMgr().Undo();
+    }
+}
+
+TEST_F(BoardTest, HitTestPicksTheEarliestUnitAndFrozenMapsRefuseSilently)
+{
+    const auto first = stack(QPoint(100, 100), 2);
+    const auto second = stack(QPoint(110, 110), 2);
+    // Region of the first: x 82..118 and y 82..118, edges included.
+    EXPECT_EQ(board->HitTest(118, 118), first);
+    EXPECT_EQ(board->HitTest(119, 100), second);
+    EXPECT_EQ(board->HitTest(127, 128), second);
+    EXPECT_EQ(board->HitTest(129, 128), nullptr);
+    EXPECT_EQ(board->HitTest(110, 110, first->Id()), second);
+
+    drag(QPoint(112, 112), QPoint(300, 300));
+    EXPECT_EQ(placeOf(*first), QPoint(280, 280));
+    EXPECT_EQ(placeOf(*second), QPoint(90, 90));
+
+    // Tool tip and cursor follow the pointer.
+    mouse(QEvent::MouseMove, QPoint(300, 300), Qt::NoButton);
+    EXPECT_EQ(board->viewport()->toolTip(), QStringLiteral("Red Infantry"));
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorHotspot);
+    mouse(QEvent::MouseMove, QPoint(400, 50), Qt::NoButton);
+    EXPECT_EQ(board->viewport()->toolTip(), QString());
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorNormal);
+
+    // Right click shows the token's menu, unless the map is frozen.
+    mouse(QEvent::MouseButtonPress, QPoint(300, 300), Qt::RightButton);
+    mouse(QEvent::MouseButtonRelease, QPoint(300, 300), Qt::RightButton);
+    EXPECT_EQ(gui->Popup.ShowCount, 1);
+    const std::int32_t undoPos = Root().ActionMgr().UndoPos();
+    map()->SetFrozen(true);
+    drag(QPoint(300, 300), QPoint(200, 200));
+    mouse(QEvent::MouseButtonPress, QPoint(300, 300), Qt::RightButton);
+    EXPECT_EQ(placeOf(*first), QPoint(280, 280));
+    EXPECT_EQ(board->ItemFor(first->Id())->pos(), QPointF(280, 280));
+    EXPECT_EQ(gui->Popup.ShowCount, 1);
+    EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+    EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
+}
+
+TEST_F(BoardTest, UpdateLockRebuildsOnceWhenTheOutermostLevelIsReleased)
+{
+    const auto unit = stack(QPoint(100, 100), 2);
+    const int rebuilds = board->Rebuilds();
+    board->SetUpdateLock(1);
+    board->SetUpdateLock(0);
+    EXPECT_EQ(board->Rebuilds(), rebuilds);
+
+    board->SetUpdateLock(1);
+    board->SetUpdateLock(2);
+    unit->Token()->HandleMove(200, 200, unit);
+    unit->Token()->HandleMove(250, 250, unit);
+    Root().ActionMgr().Undo();
+    unit->Token()->HandleMove(300, 300, unit);
+    board->SetUpdateLock(1);
+    EXPECT_EQ(board->Rebuilds(), rebuilds);
+    EXPECT_EQ(board->ItemFor(unit->Id())->pos(), QPointF(80, 80));
+    board->SetUpdateLock(0);
+    EXPECT_EQ(board->Rebuilds(), rebuilds + 1);
+    EXPECT_EQ(board->ItemFor(unit->Id())->pos(), QPointF(300, 300));
+    EXPECT_EQ(board->UpdateLock(), 0);
+}
+
+TEST_F(BoardTest, ZoomKeepsModelPositionsExact)
+{
+    dropFromPalette(QStringLiteral("red_inf"), QPoint(123, 87));
+    const QPoint atFull = placeOf(*last());
+    board->ZoomIn();
+    board->ZoomIn();
+    board->ZoomIn();
+    ASSERT_DOUBLE_EQ(board->Zoom(), 2.0);
+    dropFromPalette(QStringLiteral("red_inf"), QPoint(123, 87));
+    EXPECT_EQ(placeOf(*last()), atFull);
+    EXPECT_EQ(board->HitTest(123, 87), unit(1));
+
+    // Ctrl + wheel zooms about the pointer: the board pixel under it stays.
+    const QPoint pointer = view(QPoint(200, 150));
+    QWheelEvent wheel(pointer, board->viewport()->mapToGlobal(pointer), QPoint(), QPoint(0, 120),
+                      Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(board->viewport(), &wheel);
+    EXPECT_DOUBLE_EQ(board->Zoom(), 2.5);
+    EXPECT_EQ(board->mapToScene(pointer).toPoint(), QPoint(200, 150));
+
+    CBoardZoom zoom;
+    zoom.SwitchGame(QStringLiteral("A"));
+    zoom.SetScale(9.0);
+    EXPECT_DOUBLE_EQ(zoom.Scale(), CBoardZoom::Maximum);
+    EXPECT_DOUBLE_EQ(zoom.SwitchGame(QStringLiteral("B")), 1.0);
+    EXPECT_DOUBLE_EQ(zoom.SwitchGame(QStringLiteral("A")), CBoardZoom::Maximum);
+}
+
+TEST_F(BoardTest, KeysScrollByLinesAndPagesAndCtrlDragOnEmptyMapScrolls)
+{
+    for (int i = 0; i < 20; ++i)
+        board->ZoomIn();
+    ASSERT_DOUBLE_EQ(board->Zoom(), CBoardZoom::Maximum);
+    QScrollBar* down = board->verticalScrollBar();
+    down->setValue(100);
+    const struct
+    {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int change;
+    } keys[] = {{Qt::Key_Down, Qt::NoModifier, down->singleStep()},
+                {Qt::Key_Up, Qt::NoModifier, -down->singleStep()},
+                {Qt::Key_Down, Qt::ControlModifier, down->pageStep()},
+                {Qt::Key_PageUp, Qt::NoModifier, -down->pageStep()},
+                {Qt::Key_Down, Qt::ShiftModifier, 0},
+                {Qt::Key_PageUp, Qt::ControlModifier, 0}};
+    for (const auto& k : keys) {
+        const int before = down->value();
+        QTest::keyClick(board, k.key, k.modifiers);
+        EXPECT_EQ(down->value() - before, k.change) << k.key;
+    }
+
+    board->ZoomReset();
+    const auto unit = stack(QPoint(100, 100), 2);
+    mouse(QEvent::MouseButtonPress, QPoint(300, 200), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorMapScroll);
+    mouse(QEvent::MouseButtonRelease, QPoint(300, 200), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorNormal);
+    drag(QPoint(100, 100), QPoint(150, 150), Qt::ControlModifier);
+    EXPECT_EQ(placeOf(*unit), QPoint(130, 130));
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorNormal);
+}
+
+TEST_F(BoardTest, ArrowPlacedAndItsHeadDraggedUndoesAndRedoes)
+{
+    dropFromPalette(QStringLiteral("move"), QPoint(100, 100));
+    ASSERT_EQ(board->Arrows()->Count(), 1);
+    const auto arrow = map()->Arrows()->Item(1);
+    const CArrow* shown = board->Arrows()->Find(arrow->Id());
+    ASSERT_NE(shown, nullptr);
+    EXPECT_EQ(QPoint(shown->HeadX() - shown->TailX(), shown->HeadY() - shown->TailY()),
+              QPoint(35, 35));
+
+    // The head handle is grabbed by its token's region.
+    const auto token = unit(1)->Token();
+    const QPoint grip(token->RegionLeft() + token->RegionWidth() / 2,
+                      token->RegionTop() + token->RegionHeight() / 2);
+    const QPoint oldHead(arrow->HeadX(), arrow->HeadY());
+    drag(oldHead + grip, QPoint(300, 250));
+    EXPECT_EQ(QPoint(arrow->HeadX(), arrow->HeadY()), QPoint(300, 250) - grip);
+    shown = board->Arrows()->Find(arrow->Id());
+    EXPECT_EQ(QPoint(shown->HeadX(), shown->HeadY()), QPoint(300, 250) - grip);
+    Root().ActionMgr().Undo();
+    shown = board->Arrows()->Find(arrow->Id());
+    EXPECT_EQ(QPoint(shown->HeadX(), shown->HeadY()), oldHead);
+    Root().ActionMgr().Redo();
+    shown = board->Arrows()->Find(arrow->Id());
+    EXPECT_EQ(QPoint(shown->HeadX(), shown->HeadY()), QPoint(300, 250) - grip);
+    Root().ActionMgr().Undo();
+    Root().ActionMgr().Undo();
+    EXPECT_EQ(board->Arrows()->Count(), 0);
+}
+
+// The board on screen and the renderer's picture of the same map agree. The
+// two paint through the same routines; only antialiased edges (arrow lines
+// and label glyphs) may come out a shade apart.
+TEST_F(BoardTest, GrabAtFullSizeMatchesTheRenderedMap)
+{
+    stack(QPoint(100, 100), 4);
+    stack(QPoint(400, 300), 7);
+    dropFromPalette(QStringLiteral("move"), QPoint(250, 200));
+    board->ZoomReset();
+    board->horizontalScrollBar()->setValue(0);
+    board->verticalScrollBar()->setValue(0);
+    const QImage rendered = CBoardRenderer(Root().Context())
+                                .RenderMap(*map(), 1.0)
+                                .convertToFormat(QImage::Format_RGB32);
+    const QImage grabbed =
+        board->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(board->PaintToPbox().convertToFormat(QImage::Format_RGB32), rendered);
+    const QRect common = rendered.rect() & grabbed.rect();
+    ASSERT_GT(common.width(), 400);
+    ASSERT_GT(common.height(), 300);
+    int apart = 0;
+    for (int y = 0; y < common.height(); ++y) {
+        for (int x = 0; x < common.width(); ++x) {
+            const QRgb a = rendered.pixel(x, y);
+            const QRgb b = grabbed.pixel(x, y);
+            if (std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
+                    std::abs(qBlue(a) - qBlue(b)) >
+                24)
+                ++apart;
+        }
+    }
+    EXPECT_LE(apart, common.width() * common.height() / 1000);
+}
+
+} // namespace
