@@ -780,7 +780,8 @@ void mdcBoard::dragEnterEvent(QDragEnterEvent* event)
 void mdcBoard::dragMoveEvent(QDragMoveEvent* event)
 {
     if (event->mimeData()->hasFormat(QLatin1String(UTokenPalette::MimeType)) &&
-        Root().DragDropMgr().DragInProgress() && onBoard(boardPixel(toBoard(event->position()))))
+        Root().DragDropMgr().DragInProgress() && !CMapState::ActiveFrozen() &&
+        onBoard(boardPixel(toBoard(event->position()))))
         event->acceptProposedAction();
     else
         event->ignore();
@@ -806,8 +807,9 @@ bool mdcBoard::DropToken(const QString& tokenId, QPoint board)
 {
     const CTraceScope scope("OLEDragDrop", "mdcBoard");
     CDragDropMgr& manager = Root().DragDropMgr();
+    // A protected map, or one of a closed archive, takes no new counters.
     if (!manager.DragInProgress() || manager.DragSource() != CDragDropMgr::Source::Palette ||
-        !m_context || !onBoard(board))
+        !m_context || !onBoard(board) || CMapState::ActiveFrozen())
         return false;
     std::shared_ptr<IToken> token;
     for (const auto& candidate : m_context->Tokens()) {

@@ -272,6 +272,9 @@ TEST_F(BoardTest, HitTestPicksTheEarliestUnitAndFrozenMapsRefuseSilently)
     EXPECT_EQ(placeOf(*first), QPoint(280, 280));
     EXPECT_EQ(board->ItemFor(first->Id())->pos(), QPointF(280, 280));
     EXPECT_EQ(gui->Popup.ShowCount, 1);
+    const std::int32_t units = map()->Units()->Count();
+    dropFromPalette(QStringLiteral("red_inf"), QPoint(400, 200));
+    EXPECT_EQ(map()->Units()->Count(), units);
     EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
     EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
 }
