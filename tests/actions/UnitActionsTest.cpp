@@ -60,17 +60,14 @@ TEST_F(UnitActions, threeMovesOfOneUnitAreOneUndoStepBackToTheStart)
     EXPECT_EQ(dirty(), 4);
 }
 
-TEST_F(UnitActions, aMoveThatChangesNothingCountsButIsNotAnnounced)
+TEST_F(UnitActions, aMoveThatChangesNothingIsNotAnnouncedAndOneOnAnotherMapShowsThatMap)
 {
     const auto unit = put(QStringLiteral("TANK"), 10, 20, QString(), true);
     mgr().Execute(move(*unit, 10.2f, 19.8f));
     EXPECT_EQ(dirty(), 1);
     EXPECT_TRUE(events->Lines.isEmpty());
-}
 
-TEST_F(UnitActions, aMoveOnAnotherMapBringsThatMapOntoTheBoardFirst)
-{
-    const auto unit = put(QStringLiteral("TANK"), 1, 1);
+    // A move on another map brings that map onto the board first.
     const auto action = move(*unit, 40, 50);
     group->SwitchTo(first);
     mgr().Execute(action);
@@ -119,7 +116,7 @@ TEST_F(UnitActions, undoingADeletionPutsTheUnitLastEvenAfterTheMapWasSwapped)
     EXPECT_EQ(unitIds(*board()), QStringList{b->Id()});
 }
 
-TEST_F(UnitActions, anEditChainedToAnEditMergesNothing)
+TEST_F(UnitActions, anEditChainedToAnEditMergesNothingAndMissingThingsChangeNothing)
 {
     const auto unit = put(QStringLiteral("INF"), 0, 0, QStringLiteral("4"));
     mgr().Execute(edit(*unit, QStringLiteral("5")));
@@ -133,11 +130,9 @@ TEST_F(UnitActions, anEditChainedToAnEditMergesNothing)
     EXPECT_EQ(dirty(), 1);
     mgr().Redo();
     EXPECT_EQ(unit->Data(), QStringLiteral("5"));
-}
 
-TEST_F(UnitActions, actionsOnMissingThingsFailClearlyAndChangeNothing)
-{
-    const auto unit = put(QStringLiteral("TANK"), 1, 1);
+    // Actions on missing things fail clearly and change nothing.
+    events->Lines.clear();
     const QStringList before = snapshot();
     auto lost = move(*unit, 5, 5);
     lost->SetUnitId(QStringLiteral("NOSUCHUNIT"));

@@ -29,27 +29,19 @@ QString letters(const Vec& v)
 
 } // namespace
 
-TEST(CVector, CapacityFollowsIncrementClearPackAndClone)
+TEST(CVector, ClearPackCloneAndMoveKeepItemsAndReferences)
 {
     Vec v = make(u"ABCDEFGHIJ"_s);
-    EXPECT_EQ(v.Size(), 10);
-    v.AddItem(v.Item(1));
-    EXPECT_EQ(v.Size(), 20);
     v.SetIncrement(-5); // accepted: only zero is refused
     EXPECT_EQ(errorOf([&] { v.SetIncrement(0); }), u"1 CVector.Increment: Invalid Increment"_s);
-    EXPECT_EQ(v.Increment(), -5);
     v.SetIncrement(3);
     v.Clear();
-    EXPECT_EQ(v.Size(), 3);
     for (const QChar c : u"ABCD"_s)
         v.AddItem(std::make_shared<CString>(QString(c)));
     v.Pack();
-    EXPECT_EQ(v.Size(), 4);
     v.AddItem(v.Item(1));
-    EXPECT_EQ(v.Size(), 7);
 
     Vec clone = v.Clone();
-    EXPECT_EQ(clone.Size(), 10); // the default capacity, growing by the copied increment
     EXPECT_EQ(clone.Increment(), 3);
     EXPECT_EQ(clone.Item(2), v.Item(2));
     EXPECT_EQ(v.Item(2).use_count(), 2);

@@ -3,6 +3,7 @@
 #include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 
+#include <QColor>
 #include <QJsonValue>
 #include <QProcess>
 #include <QStringList>
@@ -18,6 +19,9 @@ class CMap;
 class CMapGroup;
 class CUnit;
 class IGameContext;
+
+// Colours equal within what PNG and scaling round away.
+bool NearColor(QColor a, QColor b);
 
 // What one run of korvane-tool did; Status is -1 when it crashed or hung.
 struct ToolRun
