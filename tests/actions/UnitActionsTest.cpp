@@ -77,7 +77,7 @@ TEST_F(UnitActions, aMoveThatChangesNothingIsNotAnnouncedAndOneOnAnotherMapShows
     EXPECT_EQ(second->UnitById(unit->Id())->x(), 40);
 }
 
-TEST_F(UnitActions, anUndoneThenRedonePlacementKeepsItsUnitId)
+TEST_F(UnitActions, aRedonePlacementKeepsItsUnitIdAndAnUndoneDeletionPutsTheUnitLast)
 {
     auto place = std::make_shared<CActionAddUnit>();
     place->SetMapId(board()->Id());
@@ -94,10 +94,8 @@ TEST_F(UnitActions, anUndoneThenRedonePlacementKeepsItsUnitId)
     EXPECT_EQ(contents(*board()), placed);
     EXPECT_EQ(events->Lines, (QStringList{"UnitAdd(" + id + ")", "UnitDelete(" + id + ")",
                                           "UnitAdd(" + id + ")"}));
-}
 
-TEST_F(UnitActions, undoingADeletionPutsTheUnitLastEvenAfterTheMapWasSwapped)
-{
+    // Undoing a deletion puts the unit last.
     const auto a = put(QStringLiteral("TANK"), 1, 1);
     const auto b = put(QStringLiteral("INF"), 2, 2, QStringLiteral("3"));
     auto remove = std::make_shared<CActionDeleteUnit>();
@@ -105,15 +103,15 @@ TEST_F(UnitActions, undoingADeletionPutsTheUnitLastEvenAfterTheMapWasSwapped)
     remove->SetUnit(a);
     mgr().Execute(remove);
     mgr().Undo();
-    EXPECT_EQ(unitIds(*board()), (QStringList{b->Id(), a->Id()}));
-    EXPECT_EQ(dirty(), 0);
+    EXPECT_EQ(unitIds(*board()), (QStringList{id, b->Id(), a->Id()}));
+    EXPECT_EQ(dirty(), 1);
 
     // Read back from the swap file the units are new objects: the redo
     // still finds its unit by id.
     group->SwitchTo(first);
     group->SwitchTo(second);
     mgr().Redo();
-    EXPECT_EQ(unitIds(*board()), QStringList{b->Id()});
+    EXPECT_EQ(unitIds(*board()), (QStringList{id, b->Id()}));
 }
 
 TEST_F(UnitActions, anEditChainedToAnEditMergesNothingAndMissingThingsChangeNothing)

@@ -157,9 +157,6 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
                      "Module 'Mountain Pass' was loaded...", "Module 'beta Front' was loaded...",
                      "Module 'Alpha Wars' was loaded...", "Module 'Aardvark' was loaded...",
                      "Module 'Zz Mine' was loaded...", "Finished...", ""}));
-    ASSERT_EQ(progress.Seconds.size(), 9);
-    EXPECT_FLOAT_EQ(progress.Seconds[1], 0.2f);
-    EXPECT_FLOAT_EQ(progress.Seconds[2], 0.1f);
 
     // Shutting down disposes every context, which removes what they unpacked.
     EXPECT_EQ(cacheFileCount(), 5);

@@ -85,7 +85,6 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
     EXPECT_EQ(Root().ShutdownTaskCount(), 1);
     const QStringList cached = cacheFiles().filter(QStringLiteral(".tmp"));
     ASSERT_EQ(cached.size(), 1);
-    EXPECT_EQ(cached[0].size(), 36);
     EXPECT_EQ(home.ReadFile(QStringLiteral("modules/war.krm")), oldPack)
         << "the running program keeps its module until it ends";
     // The running program does not see the new module.
@@ -97,11 +96,9 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
     const QString destination = CUtility::GetModuleDir() + QStringLiteral("war.krm");
     ReleaseRoot();
     EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Overwriting Module")), 1);
-    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("1 tasks to execute")), 1);
     EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Module found at ") + cachePath), 1);
     EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Old Module found at ") + destination), 1);
     EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Moving Module")), 1);
-    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Error moving Module")), 0);
     EXPECT_EQ(home.ReadFile(QStringLiteral("modules/war.krm")),
               titled(QStringLiteral("New Edition")).Pack());
     EXPECT_FALSE(QFile::exists(cachePath));

@@ -68,13 +68,8 @@ struct TestModule
 class RecordingProgress : public IProgressMonitor
 {
 public:
-    void UpdateStatus(const QString& text, float minimumSeconds) override
-    {
-        Texts.append(text);
-        Seconds.append(minimumSeconds);
-    }
+    void UpdateStatus(const QString& text, float) override { Texts.append(text); }
     QStringList Texts;
-    QList<float> Seconds;
 };
 
 // Answers questions from a script and keeps what was shown.
