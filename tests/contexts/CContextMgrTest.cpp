@@ -44,13 +44,6 @@ protected:
     {
         return m.WriteTo(home.File(QStringLiteral("modules/") + file));
     }
-    static TestModule titled(const QString& uniqueId, const QString& title)
-    {
-        TestModule m;
-        m.UniqueId = uniqueId;
-        m.Title = title;
-        return m;
-    }
     static int cacheFileCount()
     {
         return CUtility::GetDirListing(CUtility::GetCacheDir() + QStringLiteral("*")).Count();
@@ -109,14 +102,15 @@ public:
 
 TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
 {
-    module(QStringLiteral("alpha.krm"), titled("pass", "Mountain Pass"));
-    module(QStringLiteral("mid.krm"), titled("front", "beta Front"));
+    module(QStringLiteral("alpha.krm"), TestModule::Titled("pass", "Mountain Pass"));
+    module(QStringLiteral("mid.krm"), TestModule::Titled("front", "beta Front"));
     // Odd entries cost only themselves.
     home.WriteFile(QStringLiteral("modules/zeta.krm"),
-                   AppendRawEntries(titled("wars", "Alpha Wars").Pack(),
+                   AppendRawEntries(TestModule::Titled("wars", "Alpha Wars").Pack(),
                                     {{"notes..txt", "n"}, {"img\\x.bmp", "x"}, {"ICON.PNG", "i"}}));
-    titled("mine", "Zz Mine").WriteTo(home.File(QStringLiteral("usermods/b.udm")));
-    titled("aardvark", "Aardvark").WriteTo(home.File(QStringLiteral("usermods/aaa.udm")));
+    TestModule::Titled("mine", "Zz Mine").WriteTo(home.File(QStringLiteral("usermods/b.udm")));
+    TestModule::Titled("aardvark", "Aardvark")
+        .WriteTo(home.File(QStringLiteral("usermods/aaa.udm")));
 
     RecordingProgress progress;
     std::int32_t seenByGui = -1;
@@ -166,7 +160,8 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
 
 TEST_F(ContextMgrTest, FixedFileNamesAreServedByTheirOwnClassesInAnyCase)
 {
-    TestModule chess = titled(QStringLiteral("some_chess"), QStringLiteral("Title In The Pack"));
+    TestModule chess =
+        TestModule::Titled(QStringLiteral("some_chess"), QStringLiteral("Title In The Pack"));
     chess.Tokens = {
         TestToken{QStringLiteral("wk"), QStringLiteral("Image"), QStringLiteral("White")},
         TestToken{QStringLiteral("bk"), QStringLiteral("Image"), QStringLiteral("Black")}};
@@ -229,23 +224,26 @@ TEST_F(ContextMgrTest, FixedFileNamesAreServedByTheirOwnClassesInAnyCase)
 
 TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
 {
-    module(QStringLiteral("a_first.krm"), titled("twin", "First"));
-    module(QStringLiteral("B_second.krm"), titled("twin", "Second"));
-    module(QStringLiteral("c_chess.krm"), titled("chess_by_tavrelstudio", "Chess Copy"));
+    module(QStringLiteral("a_first.krm"), TestModule::Titled("twin", "First"));
+    module(QStringLiteral("B_second.krm"), TestModule::Titled("twin", "Second"));
+    module(QStringLiteral("c_chess.krm"),
+           TestModule::Titled("chess_by_tavrelstudio", "Chess Copy"));
     // A fixed file listed later loses to the standard module that took its id first.
-    module(QStringLiteral("krcv1a.krm"), titled("x", "Ignored"));
+    module(QStringLiteral("krcv1a.krm"), TestModule::Titled("x", "Ignored"));
     // The same unique id in a user module is another id.
-    titled("twin", "User Twin").WriteTo(home.File(QStringLiteral("usermods/twin.udm")));
-    titled("twin", "User Twin 2").WriteTo(home.File(QStringLiteral("usermods/twin2.udm")));
+    TestModule::Titled("twin", "User Twin").WriteTo(home.File(QStringLiteral("usermods/twin.udm")));
+    TestModule::Titled("twin", "User Twin 2")
+        .WriteTo(home.File(QStringLiteral("usermods/twin2.udm")));
 
     // Unusable packs beside them are skipped silently.
     TestModule noDefinition;
     noDefinition.WithDefinition = false;
     module(QStringLiteral("nodef.krm"), noDefinition);
     CResFileWriter newer;
-    newer.AddEntry(
-        QStringLiteral("module.def"),
-        titled("newer", "Newer").Definition().replace(QStringLiteral(">1.0<"), ">99.0<").toUtf8());
+    newer.AddEntry(QStringLiteral("module.def"), TestModule::Titled("newer", "Newer")
+                                                     .Definition()
+                                                     .replace(QStringLiteral(">1.0<"), ">99.0<")
+                                                     .toUtf8());
     newer.Write(home.File(QStringLiteral("modules/newer.krm")));
     CResFileWriter broken;
     broken.AddEntry(QStringLiteral("module.def"), "<module_def format_version=\"1\"><game_info>");
@@ -262,7 +260,8 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     home.WriteFile(QStringLiteral("modules/empty.krm"), QByteArray());
     QDir().mkpath(home.File(QStringLiteral("modules/folder.krm")));
     home.WriteFile(QStringLiteral("modules/readme.txt"), "not a module");
-    module(QStringLiteral("good.krm"), titled(QStringLiteral("good"), QStringLiteral("Good")));
+    module(QStringLiteral("good.krm"),
+           TestModule::Titled(QStringLiteral("good"), QStringLiteral("Good")));
 
     RecordingProgress progress;
     testing::internal::CaptureStderr();

@@ -23,22 +23,12 @@ using Result = CModuleInstaller::Result;
 class ModuleInstallerTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { startRoot(); }
+    void SetUp() override { StartRoot(); }
     void TearDown() override { ReleaseRoot(); }
-
-    static void startRoot()
-    {
-        auto root = std::make_shared<CKorvane>();
-        InstallRoot(root);
-        root->Constructor(nullptr);
-    }
 
     static TestModule titled(const QString& title)
     {
-        TestModule m;
-        m.UniqueId = QStringLiteral("installed");
-        m.Title = title;
-        return m;
+        return TestModule::Titled(QStringLiteral("installed"), title);
     }
 
     static QStringList cacheFiles() { return QDir(CUtility::GetCacheDir()).entryList(QDir::Files); }
@@ -54,7 +44,7 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
     const QByteArray oldPack = titled(QStringLiteral("Old Edition")).Pack();
     home.WriteFile(QStringLiteral("modules/war.krm"), oldPack);
     ReleaseRoot();
-    startRoot();
+    StartRoot();
     const QString chosen = titled(QStringLiteral("New Edition"))
                                .WriteTo(home.File(QStringLiteral("downloads/war.krm")));
 
@@ -104,7 +94,7 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
     EXPECT_FALSE(QFile::exists(cachePath));
 
     // The next start finds the new module.
-    startRoot();
+    StartRoot();
     ASSERT_EQ(Root().ContextMgr().ContextCount(), 1);
     EXPECT_EQ(Root().ContextMgr().Context(1)->Caption(), QStringLiteral("New Edition"));
 }
@@ -137,7 +127,7 @@ TEST_F(ModuleInstallerTest, DestinationFollowsTheExtension)
 
     ReleaseRoot();
     EXPECT_TRUE(QFile::exists(home.File(QStringLiteral("usermods/Mine.UDM"))));
-    startRoot();
+    StartRoot();
     ASSERT_EQ(Root().ContextMgr().ContextCount(), 2);
     EXPECT_EQ(Root().ContextMgr().Context(2)->Caption(), QStringLiteral("Mine"));
     EXPECT_TRUE(Root().ContextMgr().Context(2)->IsUserDefined());

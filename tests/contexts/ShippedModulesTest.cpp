@@ -9,6 +9,7 @@
 #include "model/CUnit.h"
 #include "persist/CGameFile.h"
 #include "render/CBoardRenderer.h"
+#include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 
@@ -36,9 +37,7 @@ protected:
         QDir().mkpath(home.File(QStringLiteral("modules")));
         for (const QString& pack : packs)
             ASSERT_TRUE(QFile::copy(built.filePath(pack), home.File("modules/" + pack)));
-        auto root = std::make_shared<CKorvane>();
-        InstallRoot(root);
-        root->Constructor(nullptr);
+        StartRoot();
     }
     void TearDown() override { ReleaseRoot(); }
 

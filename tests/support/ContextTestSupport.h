@@ -54,6 +54,9 @@ struct TestModule
     // Further entries, packed as they are.
     std::vector<std::pair<QString, QByteArray>> Extra;
 
+    // The default module under another id and title.
+    static TestModule Titled(const QString& uniqueId, const QString& title);
+
     QString Definition() const;
     QByteArray Pack() const;
     // Writes the pack to path, creating folders; returns the path.
@@ -102,7 +105,11 @@ public:
     std::vector<Shown> Boxes;
 };
 
+class CKorvane;
 class IToken;
+
+// Installs a new root and constructs it, which discovers the home's modules.
+CKorvane& StartRoot(IProgressMonitor* progress = nullptr);
 // "id|Class|index|category|caption|custom|image|image w x h|region l,t,w,h" of a token.
 QString TokenLine(const IToken& token);
 

@@ -47,9 +47,6 @@ protected:
     static bool green(QColor c) { return c.green() > 150 && c.red() < 30 && c.blue() < 30; }
 
     std::shared_ptr<CMap> map;
-    const QColor board = TestModule::ColorOf(QStringLiteral("board.png"));
-    const QColor infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
-    const QColor tank = TestModule::ColorOf(QStringLiteral("tank.png"));
 };
 
 } // namespace

@@ -77,15 +77,9 @@ TEST_F(ToolCommandLine, UsageErrorsExitWithTwoAndInputErrorsWithOne)
 
 TEST_F(ToolCommandLine, ModulesAreListedInTheProgramsOrderWithTheirKind)
 {
-    TestModule standard;
-    standard.UniqueId = QStringLiteral("alpha");
-    standard.Title = QStringLiteral("Alpha\tGame");
-    standard.WriteTo(home.File(QStringLiteral("modules/alpha.krm")));
+    TestModule::Titled("alpha", "Alpha\tGame").WriteTo(home.File("modules/alpha.krm"));
     TestModule().WriteTo(home.File(QStringLiteral("modules/KRCV1A.KRM")));
-    TestModule user;
-    user.UniqueId = QStringLiteral("mine");
-    user.Title = QStringLiteral("Aardvark");
-    user.WriteTo(home.File(QStringLiteral("usermods/mine.udm")));
+    TestModule::Titled("mine", "Aardvark").WriteTo(home.File("usermods/mine.udm"));
     home.WriteFile(QStringLiteral("modules/broken.krm"), "not a pack");
 
     // User modules come last whatever their names; tabs in captions become blanks.

@@ -167,10 +167,8 @@ TEST_F(ToolModulePack, ProcessesSharingAHomeKeepEachOthersCacheAndTrace)
     // used it yet.
     context.reset();
     ReleaseRoot();
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->Constructor(nullptr);
-    const auto war = root->ContextMgr().Context(root->ContextMgr().PosOfContext("krm_war_v1"));
+    CKorvane& root = StartRoot();
+    const auto war = root.ContextMgr().Context(root.ContextMgr().PosOfContext("krm_war_v1"));
     const QString cache = home.File(QStringLiteral("cache"));
     const QStringList cached = QDir(cache).entryList(QDir::Files);
     ASSERT_EQ(cached.size(), 1);

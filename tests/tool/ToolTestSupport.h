@@ -74,4 +74,8 @@ protected:
 
     TestHome home;
     std::shared_ptr<IGameContext> context;
+    // The solid colours of the module's pictures.
+    const QColor board = TestModule::ColorOf(QStringLiteral("board.png"));
+    const QColor infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
+    const QColor tank = TestModule::ColorOf(QStringLiteral("tank.png"));
 };
