@@ -110,6 +110,7 @@ class IToken;
 
 // Installs a new root and constructs it, which discovers the home's modules.
 CKorvane& StartRoot(IProgressMonitor* progress = nullptr);
+
 // "id|Class|index|category|caption|custom|image|image w x h|region l,t,w,h" of a token.
 QString TokenLine(const IToken& token);
 
