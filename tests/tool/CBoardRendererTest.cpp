@@ -86,7 +86,7 @@ TEST_F(BoardRendererTest, PicturesSitAtTheUnitsPositionWithTheLabelCentredUnderT
     EXPECT_TRUE(NearColor(image.pixelColor(155, 25), board));
 }
 
-TEST_F(BoardRendererTest, ArrowsHaveAWideHeadAndAZeroLengthArrowIsADot)
+TEST_F(BoardRendererTest, ArrowsHaveAWideHeadAZeroLengthArrowIsADotAndUnlockedMapsShowOnlyTheBoard)
 {
     const auto arrow = AddArrow(*map, 20, 70, 180, 70, 0x0000FF);
     AddArrow(*map, 150, 130, 150, 130, 0x00FF00);
@@ -97,10 +97,8 @@ TEST_F(BoardRendererTest, ArrowsHaveAWideHeadAndAZeroLengthArrowIsADot)
     EXPECT_TRUE(NearColor(image.pixelColor(150, 130), QColor(0, 255, 0)));
     const QRectF bounds = CBoardRenderer(context).ArrowBounds(*arrow);
     EXPECT_TRUE(bounds.contains(QPointF(20, 70)) && bounds.contains(QPointF(180, 76)));
-}
 
-TEST_F(BoardRendererTest, AnUnlockedMapShowsOnlyTheBoard)
-{
+    // An unlocked map shows only the board.
     AddUnit(*map, QStringLiteral("tank"), 100, 100);
     EXPECT_TRUE(NearColor(render().pixelColor(105, 105), tank));
     map->ReleaseLock();

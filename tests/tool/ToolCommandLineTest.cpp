@@ -18,7 +18,7 @@ void expectOneLine(const ToolRun& run, const QString& mentions)
 
 } // namespace
 
-TEST_F(ToolCommandLine, HelpAndVersionWorkForTheToolAndEveryCommand)
+TEST_F(ToolCommandLine, HelpAndVersionWorkAndUsageErrorsExitWithTwoInputErrorsWithOne)
 {
     const ToolRun help = RunTool({QStringLiteral("--help")});
     EXPECT_EQ(help.Status, 0);
@@ -38,10 +38,8 @@ TEST_F(ToolCommandLine, HelpAndVersionWorkForTheToolAndEveryCommand)
         EXPECT_EQ(version.Status, 0);
         EXPECT_EQ(version.Out.trimmed(), QStringLiteral("korvane-tool " KORVANE_VERSION_STRING));
     }
-}
 
-TEST_F(ToolCommandLine, UsageErrorsExitWithTwoAndInputErrorsWithOne)
-{
+    // Usage errors exit with 2, input errors with 1.
     const QString game = Save(*NewGame(QStringLiteral("Usage")), QStringLiteral("usage.krf"));
     const QString png = home.File(QStringLiteral("x.png"));
     const struct
