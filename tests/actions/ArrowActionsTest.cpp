@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(ArrowActions, aNewArrowPointsTowardTheMiddleWithAHandleAtEachEnd)
+TEST_F(ArrowActions, aNewArrowPointsTowardTheMiddleWithAHandleAtEachEndThatDragsMove)
 {
     EXPECT_EQ(arrowAt(place(700, 500)->ArrowId()), QStringLiteral("665,465 <- 700,500 #ff"));
     token(QStringLiteral("ARROW"))->SetCustom(QStringLiteral(" #102030 "));
@@ -55,22 +55,20 @@ TEST_F(ArrowActions, aNewArrowPointsTowardTheMiddleWithAHandleAtEachEnd)
     EXPECT_EQ(events->Lines.mid(3),
               (QStringList{"ArrowAdd(" + id + ")", "UnitAdd(" + halfWay->HeadUnitId() + ")",
                            "UnitAdd(" + halfWay->TailUnitId() + ")"}));
-}
 
-TEST_F(ArrowActions, draggingAHandleMovesItsEndAndRepeatedDragsAreOneStep)
-{
+    // Dragging a handle moves its end, and repeated drags of one handle are one step.
     const auto placed = place(100, 100);
     const QStringList start = contents(*board());
     moveHandle(placed->HeadUnitId(), 300, 310);
     moveHandle(placed->HeadUnitId(), 320, 330);
     moveHandle(placed->TailUnitId(), 50, 60);
-    EXPECT_EQ(arrowAt(placed->ArrowId()), QStringLiteral("320,330 <- 50,60 #ff"));
+    EXPECT_EQ(arrowAt(placed->ArrowId()), QStringLiteral("320,330 <- 50,60 #302010"));
     EXPECT_EQ(board()->UnitById(placed->HeadUnitId())->x(), 320);
-    EXPECT_EQ(mgr().Actions().Count(), 3);
+    EXPECT_EQ(mgr().Actions().Count(), 5);
     mgr().Undo();
     mgr().Undo();
     EXPECT_EQ(contents(*board()), start);
-    EXPECT_EQ(dirty(), 1);
+    EXPECT_EQ(dirty(), 3);
 }
 
 TEST_F(ArrowActions, deletingAndClearingPutEverythingBackInItsPlace)

@@ -91,7 +91,7 @@ TEST_F(MapActions, aNewMapGroupStartsFromACopyAndEmptiesTheHistory)
                            "GroupSwitch(" + group->Id() + "," + action->GroupId() + ")"}));
 }
 
-TEST_F(MapActions, twoTextEditsOfOneMapAreUndoneInOneStep)
+TEST_F(MapActions, twoTextEditsOfOneMapAreUndoneInOneStepAndAResetOfNoMarksIsNotRecorded)
 {
     board()->SetText(QStringLiteral("start"));
     mgr().Execute(textEdit(QStringLiteral("a")));
@@ -100,13 +100,11 @@ TEST_F(MapActions, twoTextEditsOfOneMapAreUndoneInOneStep)
     mgr().Undo();
     EXPECT_EQ(board()->Text(), QStringLiteral("start"));
     EXPECT_EQ(dirty(), 0);
-}
 
-TEST_F(MapActions, resetMovedDoesNothingWithoutMarkedUnits)
-{
+    // Resetting the marks records nothing when no unit is marked.
     put(QStringLiteral("TANK"), 1, 1);
     CActToolResetMoved().Invoke();
-    EXPECT_EQ(mgr().Actions().Count(), 0);
+    EXPECT_EQ(mgr().UndoPos(), 0);
     EXPECT_EQ(dirty(), 0);
 }
 

@@ -60,17 +60,14 @@ TEST_F(UnitActions, threeMovesOfOneUnitAreOneUndoStepBackToTheStart)
     EXPECT_EQ(dirty(), 4);
 }
 
-TEST_F(UnitActions, aMoveThatChangesNothingCountsButIsNotAnnounced)
+TEST_F(UnitActions, aMoveThatChangesNothingIsNotAnnouncedAndOneOnAnotherMapShowsThatMap)
 {
     const auto unit = put(QStringLiteral("TANK"), 10, 20, QString(), true);
     mgr().Execute(move(*unit, 10.2f, 19.8f));
     EXPECT_EQ(dirty(), 1);
     EXPECT_TRUE(events->Lines.isEmpty());
-}
 
-TEST_F(UnitActions, aMoveOnAnotherMapBringsThatMapOntoTheBoardFirst)
-{
-    const auto unit = put(QStringLiteral("TANK"), 1, 1);
+    // A move on another map brings that map onto the board first.
     const auto action = move(*unit, 40, 50);
     group->SwitchTo(first);
     mgr().Execute(action);
@@ -80,7 +77,7 @@ TEST_F(UnitActions, aMoveOnAnotherMapBringsThatMapOntoTheBoardFirst)
     EXPECT_EQ(second->UnitById(unit->Id())->x(), 40);
 }
 
-TEST_F(UnitActions, anUndoneThenRedonePlacementKeepsItsUnitId)
+TEST_F(UnitActions, aRedonePlacementKeepsItsUnitIdAndAnUndoneDeletionPutsTheUnitLast)
 {
     auto place = std::make_shared<CActionAddUnit>();
     place->SetMapId(board()->Id());
@@ -97,10 +94,8 @@ TEST_F(UnitActions, anUndoneThenRedonePlacementKeepsItsUnitId)
     EXPECT_EQ(contents(*board()), placed);
     EXPECT_EQ(events->Lines, (QStringList{"UnitAdd(" + id + ")", "UnitDelete(" + id + ")",
                                           "UnitAdd(" + id + ")"}));
-}
 
-TEST_F(UnitActions, undoingADeletionPutsTheUnitLastEvenAfterTheMapWasSwapped)
-{
+    // Undoing a deletion puts the unit last.
     const auto a = put(QStringLiteral("TANK"), 1, 1);
     const auto b = put(QStringLiteral("INF"), 2, 2, QStringLiteral("3"));
     auto remove = std::make_shared<CActionDeleteUnit>();
@@ -108,18 +103,18 @@ TEST_F(UnitActions, undoingADeletionPutsTheUnitLastEvenAfterTheMapWasSwapped)
     remove->SetUnit(a);
     mgr().Execute(remove);
     mgr().Undo();
-    EXPECT_EQ(unitIds(*board()), (QStringList{b->Id(), a->Id()}));
-    EXPECT_EQ(dirty(), 0);
+    EXPECT_EQ(unitIds(*board()), (QStringList{id, b->Id(), a->Id()}));
+    EXPECT_EQ(dirty(), 1);
 
     // Read back from the swap file the units are new objects: the redo
     // still finds its unit by id.
     group->SwitchTo(first);
     group->SwitchTo(second);
     mgr().Redo();
-    EXPECT_EQ(unitIds(*board()), QStringList{b->Id()});
+    EXPECT_EQ(unitIds(*board()), (QStringList{id, b->Id()}));
 }
 
-TEST_F(UnitActions, anEditChainedToAnEditMergesNothing)
+TEST_F(UnitActions, anEditChainedToAnEditMergesNothingAndMissingThingsChangeNothing)
 {
     const auto unit = put(QStringLiteral("INF"), 0, 0, QStringLiteral("4"));
     mgr().Execute(edit(*unit, QStringLiteral("5")));
@@ -133,11 +128,9 @@ TEST_F(UnitActions, anEditChainedToAnEditMergesNothing)
     EXPECT_EQ(dirty(), 1);
     mgr().Redo();
     EXPECT_EQ(unit->Data(), QStringLiteral("5"));
-}
 
-TEST_F(UnitActions, actionsOnMissingThingsFailClearlyAndChangeNothing)
-{
-    const auto unit = put(QStringLiteral("TANK"), 1, 1);
+    // Actions on missing things fail clearly and change nothing.
+    events->Lines.clear();
     const QStringList before = snapshot();
     auto lost = move(*unit, 5, 5);
     lost->SetUnitId(QStringLiteral("NOSUCHUNIT"));

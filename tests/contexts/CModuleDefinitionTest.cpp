@@ -78,36 +78,6 @@ protected:
 
 } // namespace
 
-TEST_F(ModuleDefinitionTest, HeaderGivesIdentity)
-{
-    CModuleDefinition definition;
-    ASSERT_TRUE(definition.LoadHeader(write(QString::fromUtf8(validDefinition))))
-        << definition.LastError().toStdString();
-    EXPECT_TRUE(definition.HeaderLoaded());
-    EXPECT_FALSE(definition.BodyLoaded());
-    EXPECT_TRUE(definition.IsKrm());
-    EXPECT_EQ(definition.Id(), QStringLiteral("krm_skirmish_by_tests_v3"));
-    EXPECT_EQ(definition.Title(), QStringLiteral("Test Skirmish"));
-    EXPECT_EQ(definition.Url(), QStringLiteral("https://example.org/skirmish"));
-    EXPECT_EQ(definition.GameIconFile(), QStringLiteral("icon.png"));
-    EXPECT_EQ(definition.TokenCount(), 0);
-
-    ASSERT_TRUE(definition.LoadHeader(definition.Path(), CModuleDefinition::Origin::UserModule));
-    EXPECT_EQ(definition.Id(), QStringLiteral("udm_skirmish_by_tests_v3"));
-
-    ASSERT_TRUE(definition.LoadHeader(write(changed(
-        QStringLiteral("<game_info_ex><new_game_image>icon.png</new_game_image></game_info_ex>"),
-        QString()))));
-    EXPECT_TRUE(definition.GameIconFile().isEmpty());
-
-    for (const char* version : {"1", "0.9.9", "1.0", " 1 . 0 . 0 "}) {
-        EXPECT_TRUE(definition.LoadHeader(write(changed(
-            QStringLiteral("<min_kr_version>1.0.0<"),
-            QStringLiteral("<min_kr_version>") + QLatin1String(version) + QLatin1Char('<')))))
-            << version << ": " << definition.LastError().toStdString();
-    }
-}
-
 TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
 {
     const QString prolog =
@@ -197,10 +167,17 @@ TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
     EXPECT_LT(timer.elapsed(), 5000);
 }
 
-TEST_F(ModuleDefinitionTest, BodyReadsEveryMember)
+TEST_F(ModuleDefinitionTest, HeaderGivesIdentityAndBodyEveryMember)
 {
     CModuleDefinition definition;
-    ASSERT_TRUE(definition.LoadHeader(write(QString::fromUtf8(validDefinition))));
+    ASSERT_TRUE(definition.LoadHeader(write(QString::fromUtf8(validDefinition))))
+        << definition.LastError().toStdString();
+    EXPECT_FALSE(definition.BodyLoaded());
+    EXPECT_TRUE(definition.IsKrm());
+    EXPECT_EQ(definition.Id() + '|' + definition.Title() + '|' + definition.Url() + '|' +
+                  definition.GameIconFile(),
+              "krm_skirmish_by_tests_v3|Test Skirmish|https://example.org/skirmish|icon.png");
+    EXPECT_EQ(definition.TokenCount(), 0);
     ASSERT_TRUE(definition.LoadBody()) << definition.LastError().toStdString();
     EXPECT_TRUE(definition.BodyLoaded());
 
@@ -263,6 +240,21 @@ TEST_F(ModuleDefinitionTest, BodyReadsEveryMember)
     EXPECT_EQ(definition.LabelForeColor(), 0xFF0000);
     EXPECT_EQ(definition.LabelMovedColor(), 0x00FF00);
     EXPECT_EQ(definition.LabelBackColor(), 0x302010);
+
+    ASSERT_TRUE(definition.LoadHeader(definition.Path(), CModuleDefinition::Origin::UserModule));
+    EXPECT_EQ(definition.Id(), QStringLiteral("udm_skirmish_by_tests_v3"));
+
+    ASSERT_TRUE(definition.LoadHeader(write(changed(
+        QStringLiteral("<game_info_ex><new_game_image>icon.png</new_game_image></game_info_ex>"),
+        QString()))));
+    EXPECT_TRUE(definition.GameIconFile().isEmpty());
+
+    for (const char* version : {"1", "0.9.9", "1.0", " 1 . 0 . 0 "}) {
+        EXPECT_TRUE(definition.LoadHeader(write(changed(
+            QStringLiteral("<min_kr_version>1.0.0<"),
+            QStringLiteral("<min_kr_version>") + QLatin1String(version) + QLatin1Char('<')))))
+            << version << ": " << definition.LastError().toStdString();
+    }
 }
 
 TEST(ModuleDefinitionColor, ParsesOnlyHashAndSixHexDigits)

@@ -2,8 +2,7 @@
 #include "contexts/CResFileWriter.h"
 #include "core/CUtility.h"
 #include "core/KorvaneError.h"
-#include "persist/COutputStream.h"
-#include "persist/CZlib.h"
+#include "support/PackEdit.h"
 #include "support/RootFixture.h"
 
 #include <QBuffer>
@@ -38,34 +37,6 @@ QByteArray encodeImage(const QImage& image, const char* format)
 QByteArray longBytes(std::int32_t value)
 {
     return QByteArray(reinterpret_cast<const char*>(&value), 4);
-}
-
-struct RawEntry
-{
-    QString Name;
-    std::int32_t Position;
-    std::int32_t Stored;
-    std::int32_t Unpacked;
-};
-
-// A pack assembled by hand, so its directory can say anything.
-QByteArray rawPack(std::int32_t count, const std::vector<RawEntry>& entries, const QByteArray& data)
-{
-    COutputStream directory;
-    directory.Constructor(4096);
-    directory.WriteLong(count);
-    for (const RawEntry& e : entries) {
-        directory.WriteSmallString(e.Name);
-        directory.WriteLong(e.Position);
-        directory.WriteLong(e.Stored);
-        directory.WriteLong(e.Unpacked);
-    }
-    directory.Resize(directory.Offset(), true);
-    CZlib zlib;
-    const auto packed = zlib.Compact(directory);
-    QByteArray bytes = longBytes(directory.Size()) + longBytes(packed->Size());
-    bytes.append(reinterpret_cast<const char*>(packed->Address()), packed->Size());
-    return bytes + data;
 }
 
 // Where a pack's data starts when nothing pads it.
@@ -231,16 +202,16 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
         {"negative directory length", longBytes(40) + longBytes(-4) + good.mid(8)},
         {"directory does not inflate", garbledDirectory},
         {"huge directory length", hugeDirectory},
-        {"absurd entry count", rawPack(0x7FFFFFFF, {{"a", 0, 0, 0}}, payload)},
-        {"directory ends early", rawPack(2, {{"abcdefghijklmnopqrst", 60, 4, 4}}, payload)},
-        {"entry outside the file", rawPack(1, {{"a", 50, 400, 400}}, payload)},
-        {"entry before the data", rawPack(1, {{"a", 2, 4, 4}}, payload)},
-        {"negative position", rawPack(1, {{"a", -8, 4, 4}}, payload)},
-        {"name leading up", rawPack(2, {{"b", 60, 4, 4}, {"../x", 60, 4, 4}}, payload)},
-        {"name that is ..", rawPack(1, {{"..", 60, 4, 4}}, payload)},
-        {"name leading up behind", rawPack(1, {{"a\\..\\..\\b", 60, 4, 4}}, payload)},
-        {"absurd unpacked length", rawPack(1, {{"a", 60, 4, 0x7FFFFFF0}}, payload)},
-        {"inflates too far", rawPack(1, {{"a", 60, 4, 100000}}, payload)},
+        {"absurd entry count", RawPack(0x7FFFFFFF, {{"a", 0, 0, 0}}, payload)},
+        {"directory ends early", RawPack(2, {{"abcdefghijklmnopqrst", 60, 4, 4}}, payload)},
+        {"entry outside the file", RawPack(1, {{"a", 50, 400, 400}}, payload)},
+        {"entry before the data", RawPack(1, {{"a", 2, 4, 4}}, payload)},
+        {"negative position", RawPack(1, {{"a", -8, 4, 4}}, payload)},
+        {"name leading up", RawPack(2, {{"b", 60, 4, 4}, {"../x", 60, 4, 4}}, payload)},
+        {"name that is ..", RawPack(1, {{"..", 60, 4, 4}}, payload)},
+        {"name leading up behind", RawPack(1, {{"a\\..\\..\\b", 60, 4, 4}}, payload)},
+        {"absurd unpacked length", RawPack(1, {{"a", 60, 4, 0x7FFFFFF0}}, payload)},
+        {"inflates too far", RawPack(1, {{"a", 60, 4, 100000}}, payload)},
     };
     for (const auto& c : cases) {
         home.WriteFile(QStringLiteral("modules/bad.krm"), c.bytes);
@@ -254,7 +225,7 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
     }
 
     // A well-formed directory over damaged compressed data.
-    home.WriteFile(QStringLiteral("modules/bad.krm"), rawPack(1, {{"a", 60, 200, 900}}, payload));
+    home.WriteFile(QStringLiteral("modules/bad.krm"), RawPack(1, {{"a", 60, 200, 900}}, payload));
     CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("bad.krm"));
     ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
     QString out;
@@ -269,24 +240,24 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
 
 TEST_F(ResFileTest, OddEntriesAreIgnoredAloneAndPaddedPacksStillRead)
 {
-    // Data 48 bytes after the directory, as older writers padded it.
-    const QByteArray payload = QByteArray("good") + QByteArray("BAD!") + QByteArray("dupe");
-    const std::vector<RawEntry> entries{{"notes..txt", 0, 4, 4}, {"img\\x.bmp", 0, 4, 4},
-                                        {"Good.png", 0, 4, 4},   {"", 4, 4, 4},
-                                        {"GOOD.PNG", 8, 4, 4},   {"sub/dir.png", 4, 4, 4}};
-    const std::int32_t dataStart = directoryEnd(rawPack(6, entries, payload)) + 48;
-    std::vector<RawEntry> placed = entries;
-    for (RawEntry& entry : placed)
-        entry.Position += dataStart;
-    const QByteArray head = rawPack(6, placed, QByteArray());
-    ASSERT_LT(head.size(), dataStart);
+    // The raw entries' data starts some way after the directory, as older
+    // writers padded it.
+    CResFileWriter writer;
+    writer.AddEntry(QStringLiteral("first.txt"), "kept");
     home.WriteFile(QStringLiteral("modules/odd.krm"),
-                   head + QByteArray(dataStart - head.size(), '\0') + payload);
+                   AppendRawEntries(writer.ToBytes(), {{"notes..txt", "good"},
+                                                       {"img\\x.bmp", "good"},
+                                                       {"Good.png", "good"},
+                                                       {"", "BAD!"},
+                                                       {"GOOD.PNG", "dupe"},
+                                                       {"sub/dir.png", "BAD!"}}));
 
     CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("odd.krm"));
     ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
-    ASSERT_EQ(pack.EntryCount(), 1);
+    ASSERT_EQ(pack.EntryCount(), 2);
     QByteArray data;
+    ASSERT_TRUE(pack.ReadEntry(QStringLiteral("first.txt"), data));
+    EXPECT_EQ(data, QByteArray("kept"));
     ASSERT_TRUE(pack.ReadEntry(QStringLiteral("good.png"), data));
     EXPECT_EQ(data, QByteArray("good")) << "the first of two like-named entries wins";
     QStringList ignored;

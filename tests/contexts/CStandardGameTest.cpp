@@ -166,13 +166,11 @@ TEST_F(StandardGameTest, DeactivationGivesEverythingBackAndActivationWorksAgain)
 {
     const auto context = open(mixedModule(), QStringLiteral("mixed.krm"));
     context->Activate(nullptr);
-    const std::shared_ptr<CImageList> firstUnits = context->UnitImgLst();
     const std::shared_ptr<IToken> firstToken = context->Tokens().Item(1);
 
     context->Deactivate();
     EXPECT_FALSE(context->IsActive());
     EXPECT_EQ(Root().ImageListMgr().ListCount(), 0);
-    EXPECT_EQ(firstUnits->Count(), 0);
     EXPECT_EQ(shape(context->UnitImgLst()), "none");
     EXPECT_EQ(context->Tokens().Count(), 0);
     EXPECT_TRUE(context->MapPicture().isNull());
@@ -196,20 +194,6 @@ TEST_F(StandardGameTest, DeactivationGivesEverythingBackAndActivationWorksAgain)
     context->Dispose();
     EXPECT_EQ(Root().ImageListMgr().ListCount(), 0);
     EXPECT_EQ(context->Id(), QStringLiteral("krm_test_module_v1"));
-}
-
-TEST_F(StandardGameTest, TokensCarryEveryValueOfTheirRecord)
-{
-    // Class names themselves are the token factory's matter.
-    CModuleDefinition::Token record;
-    record.Class = QStringLiteral("ctexttoken");
-    record.Id = QStringLiteral("t1");
-    record.Caption = QStringLiteral("Token One");
-    record.CustomData = QStringLiteral("custom");
-    record.RegionLeft = 4;
-    record.RegionHeight = 7;
-    EXPECT_EQ(TokenLine(*CStandardGame::CreateToken(record, 9, QStringLiteral("Tab"), 40, 30)),
-              QStringLiteral("t1|CTextToken|9|Tab|Token One|custom|t1|40x30|4,0,40,7"));
 }
 
 TEST_F(StandardGameTest, UnusableModulesFailWithAClearErrorAndKeepNothing)
@@ -261,34 +245,22 @@ TEST_F(StandardGameTest, DefaultGamesAreAStartMapOrTheInitialFileWithAFreshId)
     EXPECT_NE(second->MapGroups().Item(1)->Id(), group->Id());
 
     // The initial game as a module author writes it: one unit of the module's token.
-    CModuleDefinition::Token record;
-    record.Class = QStringLiteral("CQuantityToken");
-    record.Id = QStringLiteral("counter");
-    CGame authored(QStringLiteral("0123456789ABCDEF0123456789ABCDEF"));
-    authored.SetName(QStringLiteral("Opening"));
-    auto authoredGroup = std::make_shared<CMapGroup>(CUtility::GenerateId());
-    auto authoredMap = std::make_shared<CMap>(CUtility::GenerateId(), authoredGroup->Id());
-    authoredGroup->Maps().AddItem(authoredMap);
-    authored.MapGroups().AddItem(authoredGroup);
-    authored.SwitchTo(authoredGroup);
-    auto unit = std::make_shared<CUnit>(
-        CUtility::GenerateId(),
-        CStandardGame::CreateToken(record, 1, QStringLiteral("Units"), 32, 32));
+    start->SetName(QStringLiteral("Opening"));
+    auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), plain->Tokens().Item(1));
     unit->SetX(40);
     unit->SetCaption(QStringLiteral("x4"));
-    authoredMap->Units()->AddItem(unit);
+    map->Units()->AddItem(unit);
 
     TestModule module;
-    module.Tokens.front().Type = QStringLiteral("Quantity");
     module.InitialGame = QStringLiteral("Start.KRF");
     module.Extra = {{QStringLiteral("start.krf"),
-                     CGameFile::ToBytes(authored, QStringLiteral("krm_test_module_v1"))},
+                     CGameFile::ToBytes(*start, QStringLiteral("krm_test_module_v1"))},
                     {QStringLiteral("damaged.krf"), QByteArray("KR01 and then nothing useful")}};
     const auto context = open(module, QStringLiteral("opening.krm"));
     context->Activate(nullptr);
     const std::shared_ptr<CGame> game = context->CreateDefaultGame();
     ASSERT_TRUE(game && game->MapGroups().Count() == 1);
-    EXPECT_NE(game->Id(), authored.Id());
+    EXPECT_NE(game->Id(), start->Id());
     EXPECT_EQ(game->Name(), QStringLiteral("Opening"));
     const std::shared_ptr<CMap> opening = game->ActiveMapGroup()->ActiveMap();
     ASSERT_TRUE(opening && opening->Units() && opening->Units()->Count() == 1);

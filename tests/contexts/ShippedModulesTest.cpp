@@ -1,4 +1,3 @@
-#include "contexts/CChessGame.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/CImageList.h"
 #include "contexts/IGameContext.h"
@@ -10,6 +9,7 @@
 #include "model/CUnit.h"
 #include "persist/CGameFile.h"
 #include "render/CBoardRenderer.h"
+#include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 
@@ -20,7 +20,7 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <set>
 #include <string>
 
 namespace {
@@ -37,9 +37,7 @@ protected:
         QDir().mkpath(home.File(QStringLiteral("modules")));
         for (const QString& pack : packs)
             ASSERT_TRUE(QFile::copy(built.filePath(pack), home.File("modules/" + pack)));
-        auto root = std::make_shared<CKorvane>();
-        InstallRoot(root);
-        root->Constructor(nullptr);
+        StartRoot();
     }
     void TearDown() override { ReleaseRoot(); }
 
@@ -86,19 +84,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(ShippedModulesTest, DiscoveryListsBothModules)
-{
-    const CContextMgr& manager = Root().ContextMgr();
-    ASSERT_EQ(manager.ContextCount(), 2);
-    EXPECT_EQ(manager.Context(1)->Caption(), QStringLiteral("Border Skirmish"));
-    EXPECT_EQ(manager.Context(1)->Id(), QStringLiteral("krm_border_skirmish_by_korvane_v1"));
-    EXPECT_EQ(manager.Context(2)->Caption(), QStringLiteral("Korvane Chess"));
-    EXPECT_TRUE(std::dynamic_pointer_cast<CChessGame>(manager.Context(2)));
-    EXPECT_EQ(manager.Infos().Item(2)->ShortCode(), QStringLiteral("KRC"));
-    for (std::int32_t i = 1; i <= 2; ++i)
-        EXPECT_TRUE(drawsSomething(manager.Context(i)->Picture())) << i;
-}
 
 TEST_F(ShippedModulesTest, ChessOpeningDrawsEveryPieceInsideItsOwnSquare)
 {
@@ -164,35 +149,21 @@ TEST_F(ShippedModulesTest, SkirmishUsesEveryTokenKindAndPlacesItsUnits)
 {
     const std::shared_ptr<IGameContext> skirmish = Root().ContextMgr().Context(1);
     const std::shared_ptr<CGame> game = newGame(skirmish);
-    EXPECT_EQ(skirmish->LabelForeColor(), 0xFFFFFF);
+    // Saved games name the module by this id.
+    EXPECT_EQ(skirmish->Id(), QStringLiteral("krm_border_skirmish_by_korvane_v1"));
     expectPictures(*skirmish);
-
-    // Token ids by kind, with the arrows' colours and the notes' default texts.
-    std::map<QString, QStringList> byClass;
-    for (const auto& token : skirmish->Tokens()) {
-        QString entry = token->Id();
-        if (token->Class() == QLatin1String("CArrowToken"))
-            entry += ' ' + token->Custom();
-        if (token->Class() == QLatin1String("CTextToken"))
-            entry += ' ' + token->DefaultCaption();
-        byClass[token->Class()].append(entry);
-    }
-    const std::map<QString, QStringList> expected{
-        {"CQuantityToken", {"red_inf", "red_arm", "red_art", "blue_inf", "blue_arm", "blue_art"}},
-        {"CNumericToken", {"turn", "vp_red", "vp_blue"}},
-        {"CArrowToken", {"move #2060FF", "attack #FF2020"}},
-        {"CEmptyToken", {"fort"}},
-        {"CTextToken", {"objective Objective", "note Note"}}};
-    EXPECT_EQ(byClass, expected);
+    std::set<QString> kinds;
+    for (const auto& token : skirmish->Tokens())
+        kinds.insert(token->Class());
+    EXPECT_EQ(kinds, (std::set<QString>{"CArrowToken", "CEmptyToken", "CNumericToken",
+                                        "CQuantityToken", "CTextToken"}));
 
     ASSERT_TRUE(game);
     const std::shared_ptr<CMap> map = onlyMap(*game);
     ASSERT_TRUE(map && map->Units());
     EXPECT_EQ(game->Name() + '|' + map->Name(), QStringLiteral("Border Skirmish|Turn 1"));
     ASSERT_EQ(map->Units()->Count(), 11);
-    std::map<QString, QString> units;
     for (const auto& unit : *map->Units()) {
-        units[unit->Token()->Id()] = unit->Caption() + '/' + unit->Data();
         // The whole picture (40 x 40, its corner at the position) on the board.
         EXPECT_TRUE(unit->x() >= 0 && unit->x() + 40 <= skirmish->MapWidth());
         EXPECT_TRUE(unit->y() >= 0 && unit->y() + 40 <= skirmish->MapHeight());
@@ -201,18 +172,18 @@ TEST_F(ShippedModulesTest, SkirmishUsesEveryTokenKindAndPlacesItsUnits)
         const bool left = unit->x() + 20 < skirmish->MapWidth() / 2;
         EXPECT_TRUE(side == QLatin1String("red") ? left : side != QLatin1String("blue") || !left);
     }
-    EXPECT_EQ(units["red_inf"], QStringLiteral("x3/3"));
-    EXPECT_EQ(units["blue_arm"], QStringLiteral("x2/2"));
-    EXPECT_EQ(units["turn"], QStringLiteral("x1/1"));
-    EXPECT_EQ(units["objective"], QStringLiteral("Objective/Hold the bridge"));
 }
 
-TEST_F(ShippedModulesTest, DefaultGamesSaveLoadAndSaveAgainToTheSameBytes)
+TEST_F(ShippedModulesTest, BothAreListedAndTheirGamesSaveLoadAndSaveAgainToTheSameBytes)
 {
     CContextMgr& contexts = Root().ContextMgr();
+    ASSERT_EQ(contexts.ContextCount(), 2);
+    const char* const captions[] = {"Border Skirmish", "Korvane Chess"};
     for (std::int32_t position = 1; position <= contexts.ContextCount(); ++position) {
         const std::shared_ptr<IGameContext> context = contexts.Context(position);
         SCOPED_TRACE(context->Id().toStdString());
+        EXPECT_EQ(context->Caption(), QLatin1String(captions[position - 1]));
+        EXPECT_TRUE(drawsSomething(context->Picture()));
         const std::shared_ptr<CGame> game = newGame(context);
         ASSERT_NE(game, nullptr);
         const QString storedId = contexts.TranslateInternalId(context->Id());

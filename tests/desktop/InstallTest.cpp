@@ -110,9 +110,7 @@ TEST(Installed, FindsTheShippedModulesAndWritesOnlyIntoTheUsersFolders)
         scope.Set("KORVANE_HOME", std::nullopt);
         for (const char* name : {"XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"})
             scope.Set(name, env.value(name).toLocal8Bit());
-        auto root = std::make_shared<CKorvane>();
-        InstallRoot(root);
-        root->Constructor(nullptr);
+        StartRoot();
         ScriptedMessages messages;
         EXPECT_EQ(CModuleInstaller::Install(shipped + "skirmish.krm", messages),
                   CModuleInstaller::Result::Installed);

@@ -20,16 +20,13 @@ struct ModuleSession
 {
     ModuleSession()
     {
-        InstallRoot(root);
-        root->Constructor(nullptr);
-        context = root->ContextMgr().Context(1);
         context->Activate(nullptr);
-        root->SetContext(context);
+        root.SetContext(context);
     }
     ~ModuleSession() { ReleaseRoot(); }
 
-    std::shared_ptr<CKorvane> root = std::make_shared<CKorvane>();
-    std::shared_ptr<IGameContext> context;
+    CKorvane& root = StartRoot();
+    std::shared_ptr<IGameContext> context = root.ContextMgr().Context(1);
 };
 
 QString nameIn(const QByteArray& file)

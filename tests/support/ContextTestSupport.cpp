@@ -1,6 +1,7 @@
 #include "support/ContextTestSupport.h"
 
 #include "contexts/CResFileWriter.h"
+#include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "tokens/IToken.h"
 
@@ -20,6 +21,22 @@ QString pictureOf(const QString& entry, const TestToken& token)
 }
 
 } // namespace
+
+CKorvane& StartRoot(IProgressMonitor* progress)
+{
+    auto root = std::make_shared<CKorvane>();
+    InstallRoot(root);
+    root->Constructor(progress);
+    return *root;
+}
+
+TestModule TestModule::Titled(const QString& uniqueId, const QString& title)
+{
+    TestModule module;
+    module.UniqueId = uniqueId;
+    module.Title = title;
+    return module;
+}
 
 QColor TestModule::ColorOf(const QString& entry)
 {

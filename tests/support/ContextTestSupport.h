@@ -54,6 +54,9 @@ struct TestModule
     // Further entries, packed as they are.
     std::vector<std::pair<QString, QByteArray>> Extra;
 
+    // The default module under another id and title.
+    static TestModule Titled(const QString& uniqueId, const QString& title);
+
     QString Definition() const;
     QByteArray Pack() const;
     // Writes the pack to path, creating folders; returns the path.
@@ -68,13 +71,8 @@ struct TestModule
 class RecordingProgress : public IProgressMonitor
 {
 public:
-    void UpdateStatus(const QString& text, float minimumSeconds) override
-    {
-        Texts.append(text);
-        Seconds.append(minimumSeconds);
-    }
+    void UpdateStatus(const QString& text, float) override { Texts.append(text); }
     QStringList Texts;
-    QList<float> Seconds;
 };
 
 // Answers questions from a script and keeps what was shown.
@@ -107,7 +105,12 @@ public:
     std::vector<Shown> Boxes;
 };
 
+class CKorvane;
 class IToken;
+
+// Installs a new root and constructs it, which discovers the home's modules.
+CKorvane& StartRoot(IProgressMonitor* progress = nullptr);
+
 // "id|Class|index|category|caption|custom|image|image w x h|region l,t,w,h" of a token.
 QString TokenLine(const IToken& token);
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
+
 #include <utility>
 #include <vector>
 
@@ -14,6 +16,20 @@
 // when the pack cannot be read.
 QByteArray EditPack(const QByteArray& pack, const QMap<QString, QByteArray>& replace,
                     const QStringList& drop = {});
+
+// One record of a pack's directory, saying whatever the test wants it to.
+struct RawEntry
+{
+    QString Name;
+    std::int32_t Position;
+    std::int32_t Stored;
+    std::int32_t Unpacked;
+};
+
+// A pack assembled by hand: its header, a directory that claims count records
+// and holds these, then data.
+QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries,
+                   const QByteArray& data);
 
 // The pack with further entries appended under names the writer would refuse
 // ("notes..txt", a second "Board.png"); their data is stored as it is.

@@ -82,7 +82,7 @@ TEST_F(QuantityToken, menuEntriesEditTheCountMarkAndUnit)
     EXPECT_EQ(board()->Units()->Count(), 0);
 }
 
-TEST_F(QuantityToken, mergingAddsTheCountsAsOneUndoStep)
+TEST_F(QuantityToken, mergingAddsTheCountsUpToTheLimitAsOneUndoStep)
 {
     const auto target = stack(3);
     const auto dragged = stack(4, 500, 500);
@@ -94,23 +94,21 @@ TEST_F(QuantityToken, mergingAddsTheCountsAsOneUndoStep)
     mgr().Undo();
     EXPECT_EQ(contents(*board()), before);
     EXPECT_EQ(dirty(), 0);
-}
 
-TEST_F(QuantityToken, aMergePastTheLimitLeavesTheRestOnTheDraggedStack)
-{
-    const auto target = stack(150);
-    const auto dragged = stack(100, 500, 500);
-    dragged->Token()->HandleMoveOnto(dragged, target);
-    EXPECT_EQ(countOf(*target) + countOf(*dragged), QStringLiteral("200/x20050/x50"));
+    // Past the limit the rest stays on the dragged stack.
+    const auto large = stack(150);
+    const auto extra = stack(100, 500, 500);
+    extra->Token()->HandleMoveOnto(extra, large);
+    EXPECT_EQ(countOf(*large) + countOf(*extra), QStringLiteral("200/x20050/x50"));
     mgr().Undo();
-    EXPECT_EQ(countOf(*target) + countOf(*dragged), QStringLiteral("150/x150100/x100"));
+    EXPECT_EQ(countOf(*large) + countOf(*extra), QStringLiteral("150/x150100/x100"));
 
     const auto full = stack(200);
-    dragged->Token()->HandleMoveOnto(dragged, full);
-    EXPECT_EQ(mgr().Actions().Count(), 1) << "a full stack takes nothing";
+    extra->Token()->HandleMoveOnto(extra, full);
+    EXPECT_EQ(mgr().UndoPos(), 0) << "a full stack takes nothing";
 }
 
-TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldAsOneUndoStep)
+TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldOnTheBoardAsOneUndoStep)
 {
     const auto unit = stack(12, 200, 200);
     choose(unit, QStringLiteral("SPLIT_5"));
@@ -125,25 +123,23 @@ TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldAsOneUndoStep)
     EXPECT_EQ(unitIds(*board()), QStringList{unit->Id()});
     EXPECT_EQ(countOf(*unit), QStringLiteral("12/x12"));
     EXPECT_EQ(dirty(), 0);
-}
 
-TEST_F(QuantityToken, splitsStayOnTheBoardAndTheCustomSplitAsksHowMany)
-{
     // The board is 800 wide: the new picture (a position is its top-left
     // corner) ends at the right edge, and its top does not go above the board.
     choose(stack(3, 790, 20), QStringLiteral("SPLIT_1"));
-    EXPECT_EQ(place(*board()->Units()->Item(2)), QStringLiteral("760,0"));
+    EXPECT_EQ(place(*lastUnit()), QStringLiteral("760,0"));
 
-    const auto unit = stack(9);
-    gui->Dialogs.Number = 9; // nothing would be left behind
-    choose(unit, QStringLiteral("SPLIT_x"));
+    // The custom split asks how many, and never takes the whole stack.
+    const auto nine = stack(9);
+    gui->Dialogs.Number = 9;
+    choose(nine, QStringLiteral("SPLIT_x"));
     gui->Dialogs.Confirm = false;
     gui->Dialogs.Number = 8;
-    choose(unit, QStringLiteral("SPLIT_x"));
+    choose(nine, QStringLiteral("SPLIT_x"));
     EXPECT_EQ(mgr().Actions().Count(), 1);
     gui->Dialogs.Confirm = true;
-    choose(unit, QStringLiteral("SPLIT_x"));
-    EXPECT_EQ(countOf(*unit) + countOf(*board()->Units()->Item(4)), QStringLiteral("1/x18/x8"));
+    choose(nine, QStringLiteral("SPLIT_x"));
+    EXPECT_EQ(countOf(*nine) + countOf(*lastUnit()), QStringLiteral("1/x18/x8"));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 #include "support/RootFixture.h"
 #include "support/TestContext.h"
 #include "tokens/CArrowToken.h"
-#include "tokens/CEmptyToken.h"
 #include "tokens/CTextToken.h"
 #include "tokens/CTokenFactory.h"
 
@@ -48,25 +47,25 @@ QString answers(const IToken& t)
         .join(QLatin1Char('|'));
 }
 
-TEST(TokenKinds, eachKindGivesItsOwnConstantAnswers)
+TEST(TokenKinds, eachKindInAnyCaseGivesItsOwnConstantAnswersAndOthersAreEmptyTokens)
 {
     const std::pair<const char*, const char*> kinds[] = {
         {"CEmptyToken", "CEmptyToken|||pallet|-|-|img|img|img"},
-        {"CQuantityToken", "CQuantityToken|1|x1|pallet|onto|-|img|img|img"},
+        {"cquantitytoken", "CQuantityToken|1|x1|pallet|onto|-|img|img|img"},
         {"CNumericToken", "CNumericToken|0|x0|pallet|-|-|img|img|img"},
-        {"CTextToken", "CTextToken||Cap|pallet|-|-|img|img|img"},
-        {"CArrowToken", "CArrowToken|||pallet|-|keep|img|img|"}};
+        {"cTextToken", "CTextToken||Cap|pallet|-|-|img|img|img"},
+        {"CARROWTOKEN", "CArrowToken|||pallet|-|keep|img|img|"},
+        {"CChessToken", "CEmptyToken|||pallet|-|-|img|img|img"},
+        {"", "CEmptyToken|||pallet|-|-|img|img|img"}};
     for (const auto& [kind, expected] : kinds)
         EXPECT_EQ(answers(*make(QLatin1String(kind))), QStringLiteral("T1|7|Cat|Cap|") + expected);
-}
 
-TEST(TokenKinds, theFactoryIgnoresCaseAndFallsBackToTheEmptyToken)
-{
-    EXPECT_EQ(make(QStringLiteral("cquantitytoken"))->Class(), QStringLiteral("CQuantityToken"));
-    EXPECT_EQ(make(QStringLiteral("CARROWTOKEN"))->Class(), QStringLiteral("CArrowToken"));
-    EXPECT_EQ(make(QStringLiteral("cTextToken"))->Class(), QStringLiteral("CTextToken"));
-    EXPECT_NE(std::dynamic_pointer_cast<CEmptyToken>(make(QStringLiteral("CChessToken"))), nullptr);
-    EXPECT_NE(std::dynamic_pointer_cast<CEmptyToken>(make(QString())), nullptr);
+    // A text token captions new units with its custom text when it has one.
+    CTextToken token(QStringLiteral("N"), 1, QString(), QStringLiteral("Note"), QString(), 10, 10);
+    token.SetCustom(QStringLiteral("Supply"));
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Supply"));
+    token.SetCustom(QString());
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
 }
 
 TEST(TokenKinds, onlyMinusOneMeansTheDefaultRegionAndArrowsHaveACentredSquare)
@@ -83,16 +82,6 @@ TEST(TokenKinds, onlyMinusOneMeansTheDefaultRegionAndArrowsHaveACentredSquare)
         {make("CArrowToken", 4, 5), "-2,-1,8,8"}};
     for (const auto& [token, expected] : cases)
         EXPECT_EQ(region(*token), QLatin1String(expected)) << token->Class().toStdString();
-}
-
-TEST(TokenKinds, aTextTokenCaptionsNewUnitsWithItsCustomTextWhenItHasOne)
-{
-    CTextToken token(QStringLiteral("N"), 1, QString(), QStringLiteral("Note"), QString(), 10, 10);
-    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
-    token.SetCustom(QStringLiteral("Supply"));
-    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Supply"));
-    token.SetCustom(QString());
-    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
 }
 
 class TokenPrefix : public RootFixture

@@ -18,7 +18,7 @@ void expectOneLine(const ToolRun& run, const QString& mentions)
 
 } // namespace
 
-TEST_F(ToolCommandLine, HelpAndVersionWorkForTheToolAndEveryCommand)
+TEST_F(ToolCommandLine, HelpAndVersionWorkAndUsageErrorsExitWithTwoInputErrorsWithOne)
 {
     const ToolRun help = RunTool({QStringLiteral("--help")});
     EXPECT_EQ(help.Status, 0);
@@ -38,10 +38,8 @@ TEST_F(ToolCommandLine, HelpAndVersionWorkForTheToolAndEveryCommand)
         EXPECT_EQ(version.Status, 0);
         EXPECT_EQ(version.Out.trimmed(), QStringLiteral("korvane-tool " KORVANE_VERSION_STRING));
     }
-}
 
-TEST_F(ToolCommandLine, UsageErrorsExitWithTwoAndInputErrorsWithOne)
-{
+    // Usage errors exit with 2, input errors with 1.
     const QString game = Save(*NewGame(QStringLiteral("Usage")), QStringLiteral("usage.krf"));
     const QString png = home.File(QStringLiteral("x.png"));
     const struct
@@ -77,15 +75,9 @@ TEST_F(ToolCommandLine, UsageErrorsExitWithTwoAndInputErrorsWithOne)
 
 TEST_F(ToolCommandLine, ModulesAreListedInTheProgramsOrderWithTheirKind)
 {
-    TestModule standard;
-    standard.UniqueId = QStringLiteral("alpha");
-    standard.Title = QStringLiteral("Alpha\tGame");
-    standard.WriteTo(home.File(QStringLiteral("modules/alpha.krm")));
+    TestModule::Titled("alpha", "Alpha\tGame").WriteTo(home.File("modules/alpha.krm"));
     TestModule().WriteTo(home.File(QStringLiteral("modules/KRCV1A.KRM")));
-    TestModule user;
-    user.UniqueId = QStringLiteral("mine");
-    user.Title = QStringLiteral("Aardvark");
-    user.WriteTo(home.File(QStringLiteral("usermods/mine.udm")));
+    TestModule::Titled("mine", "Aardvark").WriteTo(home.File("usermods/mine.udm"));
     home.WriteFile(QStringLiteral("modules/broken.krm"), "not a pack");
 
     // User modules come last whatever their names; tabs in captions become blanks.

@@ -5,6 +5,7 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "persist/CGameFile.h"
+#include "render/CMapExport.h"
 #include "support/PackEdit.h"
 
 #include <QFile>
@@ -13,12 +14,6 @@
 // What render adds to the board renderer (tested in this process): which map
 // it draws, at what size, and what it does with a module's settings.
 namespace {
-
-bool near(QColor a, QColor b)
-{
-    return std::abs(a.red() - b.red()) <= 3 && std::abs(a.green() - b.green()) <= 3 &&
-           std::abs(a.blue() - b.blue()) <= 3;
-}
 
 class ToolRender : public ToolFixture
 {
@@ -33,9 +28,6 @@ protected:
     }
 
     const QString png = home.File(QStringLiteral("board.png"));
-    const QColor board = TestModule::ColorOf(QStringLiteral("board.png"));
-    const QColor infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
-    const QColor tank = TestModule::ColorOf(QStringLiteral("tank.png"));
 };
 
 } // namespace
@@ -50,29 +42,23 @@ TEST_F(ToolRender, GroupMapAndScaleChooseWhatIsDrawnAndHowLarge)
     game->MapGroups().AddItem(second);
     auto last = AddMap(*second, QStringLiteral("Turn 3"));
     AddUnit(*last, QStringLiteral("tank"), 200, 100);
-    AddArrow(*last, 100, 150, 250, 150, 0x0000FF);
     game->SwitchTo(second);
     const QString path = Save(*game, QStringLiteral("choices.krf"));
 
     QImage image = render(path, {"--group", "1", "--map", "1"});
     ASSERT_EQ(image.size(), QSize(300, 200));
-    EXPECT_TRUE(near(image.pixelColor(10, 10), tank));
-    EXPECT_TRUE(near(image.pixelColor(9, 10), board));
-    EXPECT_TRUE(near(image.pixelColor(110, 110), board));
+    EXPECT_TRUE(NearColor(image.pixelColor(10, 10), tank));
+    EXPECT_TRUE(NearColor(image.pixelColor(9, 10), board));
+    EXPECT_TRUE(NearColor(image.pixelColor(110, 110), board));
     // A group alone: its active map, the last one.
     image = render(path, {"--group", "1"});
-    EXPECT_TRUE(near(image.pixelColor(20, 20), board));
-    EXPECT_TRUE(near(image.pixelColor(110, 110), infantry));
-    // By default the active group's active map with its arrow, here at half size.
+    EXPECT_TRUE(NearColor(image.pixelColor(20, 20), board));
+    EXPECT_TRUE(NearColor(image.pixelColor(110, 110), infantry));
+    // By default the active group's active map, here at half size.
     image = render(path, {"--scale", "0.5"});
     ASSERT_EQ(image.size(), QSize(150, 100));
-    EXPECT_TRUE(near(image.pixelColor(108, 58), tank));
-    EXPECT_TRUE(near(image.pixelColor(98, 58), board));
-    bool arrow = false;
-    for (int y = 72; y <= 78; ++y)
-        arrow =
-            arrow || (image.pixelColor(85, y).red() > 200 && image.pixelColor(85, y).green() < 80);
-    EXPECT_TRUE(arrow);
+    EXPECT_TRUE(NearColor(image.pixelColor(108, 58), tank));
+    EXPECT_TRUE(NearColor(image.pixelColor(98, 58), board));
 
     for (const QStringList& missing :
          {QStringList{"--group", "3"}, QStringList{"--group", "2", "--map", "2"}}) {
@@ -111,4 +97,32 @@ TEST_F(ToolRender, TransparentLabelsLetTheBoardShowThrough)
     }
     EXPECT_GT(text, 0);
     EXPECT_EQ(box, 0);
+}
+
+TEST_F(ToolRender, MapExportWritesTheSameBytesAsRenderAndKeepsAFileItCannotReplace)
+{
+    auto game = NewGame("Export");
+    const std::shared_ptr<CMap> map = game->ActiveMapGroup()->ActiveMap();
+    AddUnit(*map, "tank", 200, 20, "Old");
+    AddUnit(*map, "inf", 40, 60, "3 Inf", "3", true);
+    AddArrow(*map, 10, 10, 150, 120, 255);
+    const QString file = Save(*game, "export.krf");
+    const QString mine = home.File("mine.png");
+    const QString tools = home.File("tool.png");
+    for (const QString scale : {"1", "0.5", "2.25"}) {
+        QString error;
+        ASSERT_TRUE(CMapExport::ToPng(map, context, scale.toDouble(), mine, error))
+            << error.toStdString();
+        const ToolRun run = Tool({"render", file, "--scale", scale, "-o", tools});
+        ASSERT_EQ(run.Status, 0) << run.Err.toStdString();
+        EXPECT_EQ(home.ReadFile("mine.png"), home.ReadFile("tool.png")) << scale.toStdString();
+        EXPECT_EQ(QImage(mine).size(), QSize(300, 200) * scale.toDouble());
+    }
+
+    QString error;
+    EXPECT_FALSE(CMapExport::ToPng(map, context, 0, mine, error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_EQ(home.ReadFile("mine.png"), home.ReadFile("tool.png"));
+    EXPECT_FALSE(CMapExport::ToPng(map, context, 1, home.File("no/folder/x.png"), error));
+    EXPECT_TRUE(error.startsWith("cannot be written")) << error.toStdString();
 }

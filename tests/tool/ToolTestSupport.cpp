@@ -18,6 +18,14 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <cstdlib>
+
+bool NearColor(QColor a, QColor b)
+{
+    return std::abs(a.red() - b.red()) <= 3 && std::abs(a.green() - b.green()) <= 3 &&
+           std::abs(a.blue() - b.blue()) <= 3;
+}
+
 QJsonValue ToolRun::Json() const
 {
     QJsonParseError error{};
@@ -62,9 +70,7 @@ ToolRun RunTool(const QStringList& arguments)
 
 TestModule ToolFixture::WarModule()
 {
-    TestModule module;
-    module.UniqueId = QStringLiteral("war");
-    module.Title = QStringLiteral("War Game");
+    TestModule module = TestModule::Titled(QStringLiteral("war"), QStringLiteral("War Game"));
     module.UnitSize = UnitSize;
     TestToken move(QStringLiteral("move"), QStringLiteral("Arrow"), QStringLiteral("Markers"));
     move.Extra = QStringLiteral("<line_html_color>#FF0000</line_html_color>");
@@ -76,14 +82,12 @@ TestModule ToolFixture::WarModule()
 void ToolFixture::SetUp()
 {
     WarModule().WriteTo(home.File(QStringLiteral("modules/war.krm")));
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->Constructor(nullptr);
-    const std::int32_t position = root->ContextMgr().PosOfContext(QStringLiteral("krm_war_v1"));
+    CKorvane& root = StartRoot();
+    const std::int32_t position = root.ContextMgr().PosOfContext(QStringLiteral("krm_war_v1"));
     ASSERT_NE(position, 0);
-    context = root->ContextMgr().Context(position);
+    context = root.ContextMgr().Context(position);
     context->Activate(nullptr);
-    root->SetContext(context);
+    root.SetContext(context);
 }
 
 void ToolFixture::TearDown()

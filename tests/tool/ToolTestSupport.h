@@ -3,6 +3,7 @@
 #include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 
+#include <QColor>
 #include <QJsonValue>
 #include <QProcess>
 #include <QStringList>
@@ -18,6 +19,9 @@ class CMap;
 class CMapGroup;
 class CUnit;
 class IGameContext;
+
+// Colours equal within what PNG and scaling round away.
+bool NearColor(QColor a, QColor b);
 
 // What one run of korvane-tool did; Status is -1 when it crashed or hung.
 struct ToolRun
@@ -70,4 +74,8 @@ protected:
 
     TestHome home;
     std::shared_ptr<IGameContext> context;
+    // The solid colours of the module's pictures.
+    const QColor board = TestModule::ColorOf(QStringLiteral("board.png"));
+    const QColor infantry = TestModule::ColorOf(QStringLiteral("inf.png"));
+    const QColor tank = TestModule::ColorOf(QStringLiteral("tank.png"));
 };
