@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -34,13 +35,9 @@ QString libxml2Version()
 } // namespace
 
 frmSplash::frmSplash()
-    : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), m_lblStatus(new QLabel(this)),
-      m_aboutPart(new QWidget(this)), m_txtLicence(new QPlainTextEdit(m_aboutPart))
+    : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), m_lblStatus(new QLabel(this))
 {
     setObjectName(QStringLiteral("frmSplash"));
-    // A frameless splash still needs an edge against what lies behind it.
-    setAttribute(Qt::WA_StyledBackground);
-    setStyleSheet(QStringLiteral("#frmSplash { border: 1px solid palette(dark); }"));
     setWindowTitle(QStringLiteral("About Korvane"));
     auto* title = new QLabel(CKorvane::Name(), this);
     title->setObjectName(QStringLiteral("lblTitle"));
@@ -57,6 +54,20 @@ frmSplash::frmSplash()
     m_lblStatus->setTextFormat(Qt::PlainText);
     m_lblStatus->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
 
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 20, 24, 16);
+    layout->addWidget(title);
+    layout->addWidget(version);
+    layout->addWidget(purpose);
+    layout->addSpacing(fontMetrics().height());
+    layout->addWidget(m_lblStatus);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);
+}
+
+void frmSplash::buildAboutPart()
+{
+    m_aboutPart = new QWidget(this);
+    m_txtLicence = new QPlainTextEdit(m_aboutPart);
     auto* libraries =
         new QLabel(QStringLiteral("Built with ") + LibraryVersions().join(QStringLiteral(", ")) +
                        QLatin1Char('.'),
@@ -78,17 +89,16 @@ frmSplash::frmSplash()
             button->hide();
     }
     aboutLayout->addWidget(buttons);
-    m_aboutPart->hide();
 
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 20, 24, 16);
-    layout->addWidget(title);
-    layout->addWidget(version);
-    layout->addWidget(purpose);
-    layout->addSpacing(fontMetrics().height());
-    layout->addWidget(m_lblStatus);
-    layout->addWidget(m_aboutPart, 1);
-    layout->setSizeConstraint(QLayout::SetMinimumSize);
+    static_cast<QVBoxLayout*>(layout())->addWidget(m_aboutPart, 1);
+}
+
+void frmSplash::paintEvent(QPaintEvent* event)
+{
+    QDialog::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 QStringList frmSplash::LibraryVersions()
@@ -116,6 +126,8 @@ void frmSplash::Display()
 {
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     m_lblStatus->hide();
+    if (!m_aboutPart)
+        buildAboutPart();
     m_aboutPart->show();
     exec();
 }

@@ -29,8 +29,16 @@ public:
     static QStringList LibraryVersions();
     static const QString LicenceText;
 
+protected:
+    // A frameless splash still needs an edge against what lies behind it.
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    // The libraries and the licence are built when the about box is first
+    // shown: the start-up splash never needs them.
+    void buildAboutPart();
+
     QLabel* m_lblStatus;
-    QWidget* m_aboutPart;
-    QPlainTextEdit* m_txtLicence;
+    QWidget* m_aboutPart = nullptr;
+    QPlainTextEdit* m_txtLicence = nullptr;
 };
