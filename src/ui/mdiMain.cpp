@@ -26,6 +26,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 const QString section = QLatin1String(mdiMain::SettingsSection);
@@ -79,10 +81,13 @@ void mdiMain::Load()
     const QScreen* screen = QGuiApplication::primaryScreen();
     const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
     if (width >= 200 && height >= 150) {
-        QRect saved(left, top, width, height);
-        // A window saved on a screen that is gone comes back onto this one.
-        if (!available.intersects(saved))
-            saved.moveTopLeft(available.topLeft());
+        // A window saved on a larger screen (or at a smaller scale) is made
+        // to fit; one saved on a screen that is gone comes back onto this one.
+        QRect saved(QPoint(left, top), QSize(width, height).boundedTo(available.size()));
+        if (!available.contains(saved))
+            saved.moveTopLeft(QPoint(
+                std::clamp(saved.left(), available.left(), available.right() - saved.width() + 1),
+                std::clamp(saved.top(), available.top(), available.bottom() - saved.height() + 1)));
         setGeometry(saved);
         return;
     }
