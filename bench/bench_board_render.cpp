@@ -2,8 +2,7 @@
 // arrows) through the board renderer. The baseline, measured in the same run,
 // draws only the board and the 500 counter pictures with plain QPainter calls:
 // the least any drawing of that map must do.
-#include "contexts/CImageList.h"
-#include "contexts/IGameContext.h"
+#include "BenchContext.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
 #include "model/CMap.h"
@@ -22,64 +21,7 @@
 
 namespace {
 
-constexpr int tokenCount = 20;
 constexpr int unitCount = 500;
-constexpr int unitSize = 40;
-
-// A board, token pictures and a label look; nothing else is used.
-class BenchContext : public IGameContext
-{
-public:
-    BenchContext() : m_board(1600, 1200, QImage::Format_RGB32)
-    {
-        m_board.fill(QColor(40, 120, 60));
-        m_units = std::make_shared<CImageList>(0xFF00FF, unitSize, unitSize);
-        for (std::int16_t i = 1; i <= tokenCount; ++i) {
-            const QString id = QStringLiteral("T%1").arg(i);
-            m_tokens.AddItem(CTokenFactory::Create(QStringLiteral("CQuantityToken"), id, i,
-                                                   QStringLiteral("Units"), id, id, unitSize,
-                                                   unitSize));
-            QImage picture(unitSize, unitSize, QImage::Format_RGB32);
-            picture.fill(QColor(10 * i, 200 - 5 * i, 90));
-            m_units->Add(id, picture);
-        }
-    }
-    QString Id() const override { return QStringLiteral("krm_bench_v1"); }
-    QString Caption() const override { return QStringLiteral("Bench"); }
-    QImage Picture() const override { return QImage(); }
-    QString FontName() const override { return QStringLiteral("Sans"); }
-    double FontSize() const override { return 9; }
-    bool HasTransparentLabel() const override { return false; }
-    QString MultiplierPrefix() const override { return QStringLiteral("x"); }
-    std::int32_t LabelForeColor() const override { return 65535; }
-    std::int32_t LabelBackColor() const override { return 0; }
-    std::int32_t LabelMovedColor() const override { return 65280; }
-    QString FileExtension() const override { return QString(); }
-    QString FileCaption() const override { return QString(); }
-    void Initialize(std::shared_ptr<CModuleDefinition>, std::shared_ptr<CResFileMgr>) override {}
-    void Activate(IProgressMonitor*) override {}
-    void Deactivate() override {}
-    void Dispose() override {}
-    std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
-    QImage MapPicture() const override { return m_board; }
-    std::int32_t MapWidth() const override { return m_board.width(); }
-    std::int32_t MapHeight() const override { return m_board.height(); }
-    std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
-    std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
-    bool IsUserDefined() const override { return false; }
-    std::shared_ptr<CImageList> UnitImgLst() const override { return m_units; }
-    const CVector<IToken>& Tokens() const override { return m_tokens; }
-    const CVector<IActionTool>& CustomTools() const override { return m_tools; }
-    const CVector<IAction>& CustomActions() const override { return m_actions; }
-    QString Url() const override { return QString(); }
-
-private:
-    QImage m_board;
-    std::shared_ptr<CImageList> m_units;
-    CVector<IToken> m_tokens;
-    CVector<IActionTool> m_tools;
-    CVector<IAction> m_actions;
-};
 
 double seconds(std::chrono::steady_clock::duration d)
 {
@@ -88,12 +30,12 @@ double seconds(std::chrono::steady_clock::duration d)
 
 void BM_RenderBusyMap(benchmark::State& state)
 {
-    const auto context = std::make_shared<BenchContext>();
+    const auto context = std::make_shared<BenchContext>(QSize(1600, 1200), false);
     CMap map(CUtility::GenerateId(), CUtility::GenerateId());
     map.AquireLock();
     for (int i = 0; i < unitCount; ++i) {
-        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
-                                            context->Tokens().Item(i % tokenCount + 1));
+        auto unit = std::make_shared<CUnit>(
+            CUtility::GenerateId(), context->Tokens().Item(i % BenchContext::TokenCount + 1));
         unit->SetX(i * 37 % 1560);
         unit->SetY(i * 53 % 1140);
         unit->SetCaption(QStringLiteral("x%1").arg(i % 12 + 1));

@@ -5,8 +5,7 @@
 // painted), and the process's resident memory. The baseline, in the same
 // run, draws the same map with the board renderer into a picture of the
 // view's size: what showing the map costs without a scene.
-#include "contexts/CImageList.h"
-#include "contexts/IGameContext.h"
+#include "BenchContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -33,74 +32,9 @@
 namespace {
 
 constexpr int boardSide = 10000;
-constexpr int tokenCount = 20;
 constexpr int unitCount = 2000;
 constexpr int arrowCount = 100;
-constexpr int unitSize = 40;
 const QSize viewSize(1920, 1080);
-
-class BenchContext : public IGameContext
-{
-public:
-    BenchContext() : m_board(boardSide, boardSide, QImage::Format_RGB32)
-    {
-        m_board.fill(QColor(40, 120, 60));
-        {
-            // Some drawing, so the picture is not one flat colour.
-            QPainter painter(&m_board);
-            painter.setPen(QColor(20, 80, 30));
-            for (int at = 0; at < boardSide; at += 50) {
-                painter.drawLine(at, 0, at, boardSide);
-                painter.drawLine(0, at, boardSide, at);
-            }
-        }
-        m_units = std::make_shared<CImageList>(0xFF00FF, unitSize, unitSize);
-        for (std::int16_t i = 1; i <= tokenCount; ++i) {
-            const QString id = QStringLiteral("T%1").arg(i);
-            m_tokens.AddItem(CTokenFactory::Create(QStringLiteral("CQuantityToken"), id, i,
-                                                   QStringLiteral("Units"), id, id, unitSize,
-                                                   unitSize));
-            QImage picture(unitSize, unitSize, QImage::Format_RGB32);
-            picture.fill(QColor(10 * i, 200 - 5 * i, 90));
-            m_units->Add(id, picture);
-        }
-    }
-    QString Id() const override { return QStringLiteral("krm_bench_v1"); }
-    QString Caption() const override { return QStringLiteral("Bench"); }
-    QImage Picture() const override { return QImage(); }
-    QString FontName() const override { return QStringLiteral("Sans"); }
-    double FontSize() const override { return 9; }
-    bool HasTransparentLabel() const override { return false; }
-    QString MultiplierPrefix() const override { return QStringLiteral("x"); }
-    std::int32_t LabelForeColor() const override { return 65535; }
-    std::int32_t LabelBackColor() const override { return 0; }
-    std::int32_t LabelMovedColor() const override { return 65280; }
-    QString FileExtension() const override { return QString(); }
-    QString FileCaption() const override { return QString(); }
-    void Initialize(std::shared_ptr<CModuleDefinition>, std::shared_ptr<CResFileMgr>) override {}
-    void Activate(IProgressMonitor*) override {}
-    void Deactivate() override {}
-    void Dispose() override {}
-    std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
-    QImage MapPicture() const override { return m_board; }
-    std::int32_t MapWidth() const override { return m_board.width(); }
-    std::int32_t MapHeight() const override { return m_board.height(); }
-    std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
-    std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
-    bool IsUserDefined() const override { return false; }
-    std::shared_ptr<CImageList> UnitImgLst() const override { return m_units; }
-    const CVector<IToken>& Tokens() const override { return m_tokens; }
-    const CVector<IActionTool>& CustomTools() const override { return m_tools; }
-    const CVector<IAction>& CustomActions() const override { return m_actions; }
-    QString Url() const override { return QString(); }
-
-private:
-    QImage m_board;
-    std::shared_ptr<CImageList> m_units;
-    CVector<IToken> m_tokens;
-    CVector<IActionTool> m_tools;
-    CVector<IAction> m_actions;
-};
 
 // The game of one map that every benchmark shows; the first unit stands in
 // the view's top-left part, where the drag takes it.
@@ -113,10 +47,10 @@ std::shared_ptr<CMap> makeGame(const IGameContext& context)
     group->Maps().AddItem(map);
     game->SwitchTo(group);
     for (int i = 0; i < unitCount; ++i) {
-        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
-                                            context.Tokens().Item(i % tokenCount + 1));
-        unit->SetX(i == 0 ? 400 : i * 4937 % (boardSide - unitSize));
-        unit->SetY(i == 0 ? 400 : i * 7919 % (boardSide - unitSize));
+        auto unit = std::make_shared<CUnit>(
+            CUtility::GenerateId(), context.Tokens().Item(i % BenchContext::TokenCount + 1));
+        unit->SetX(i == 0 ? 400 : i * 4937 % (boardSide - BenchContext::UnitSize));
+        unit->SetY(i == 0 ? 400 : i * 7919 % (boardSide - BenchContext::UnitSize));
         unit->SetCaption(QStringLiteral("x%1").arg(i % 12 + 1));
         unit->SetData(QString::number(i % 12 + 1));
         unit->SetHasMoved(i % 5 == 0);
@@ -247,7 +181,7 @@ int main(int argc, char** argv)
     auto root = std::make_shared<CKorvane>();
     InstallRoot(root);
     root->Constructor(nullptr);
-    root->SetContext(std::make_shared<BenchContext>());
+    root->SetContext(std::make_shared<BenchContext>(QSize(boardSide, boardSide), true));
 
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -12,8 +12,7 @@ class QMenu;
 
 // A top-level menu of the main window and the object that answers it: it
 // writes its captions, refreshes them when the menu opens and turns clicks
-// into commands. It hears every model change; most handlers need only a few,
-// so the notifications do nothing unless a handler overrides them.
+// into commands. It hears every model change and follows those it overrides.
 class CMenuHandler : public QObject, public IGameEventListener
 {
     Q_OBJECT
@@ -22,23 +21,6 @@ public:
     CMenuHandler(QMenu* menu, const QString& name, const QString& caption);
 
     QMenu* Menu() const { return m_menu; }
-
-    void NotifyOfArrowAdd(const QString&) override {}
-    void NotifyOfArrowDelete(const QString&) override {}
-    void NotifyOfArrowEdit(const QString&) override {}
-    void NotifyOfGameEdit() override {}
-    void NotifyOfGroupAdd(const QString&) override {}
-    void NotifyOfGroupDelete(const QString&) override {}
-    void NotifyOfGroupSwitch(const QString&, const QString&) override {}
-    void NotifyOfMapAdd(const QString&) override {}
-    void NotifyOfMapDelete(const QString&) override {}
-    void NotifyOfMapEdit(const QString&) override {}
-    void NotifyOfMapSwitch(const QString&, const QString&) override {}
-    void NotifyOfNewContext() override {}
-    void NotifyOfNewGame() override {}
-    void NotifyOfUnitAdd(const QString&) override {}
-    void NotifyOfUnitDelete(const QString&) override {}
-    void NotifyOfUnitEdit(const QString&) override {}
 
 protected:
     // Called each time the menu is about to open.

@@ -34,22 +34,11 @@ public:
     // when the text is unchanged or the map is no longer the active one.
     void Commit();
 
-    void NotifyOfArrowAdd(const QString&) override {}
-    void NotifyOfArrowDelete(const QString&) override {}
-    void NotifyOfArrowEdit(const QString&) override {}
-    void NotifyOfGameEdit() override {}
-    void NotifyOfGroupAdd(const QString&) override {}
-    void NotifyOfGroupDelete(const QString&) override {}
     void NotifyOfGroupSwitch(const QString&, const QString&) override { load(); }
-    void NotifyOfMapAdd(const QString&) override {}
     void NotifyOfMapDelete(const QString&) override { load(); }
     void NotifyOfMapEdit(const QString& mapId) override;
     void NotifyOfMapSwitch(const QString&, const QString&) override { load(); }
-    void NotifyOfNewContext() override {}
     void NotifyOfNewGame() override;
-    void NotifyOfUnitAdd(const QString&) override {}
-    void NotifyOfUnitDelete(const QString&) override {}
-    void NotifyOfUnitEdit(const QString&) override {}
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -75,12 +75,7 @@ public:
     void NotifyOfArrowAdd(const QString& arrowId) override;
     void NotifyOfArrowDelete(const QString& arrowId) override;
     void NotifyOfArrowEdit(const QString& arrowId) override;
-    void NotifyOfGameEdit() override {}
-    void NotifyOfGroupAdd(const QString&) override {}
-    void NotifyOfGroupDelete(const QString&) override {}
     void NotifyOfGroupSwitch(const QString&, const QString&) override { rebuild(); }
-    void NotifyOfMapAdd(const QString&) override {}
-    void NotifyOfMapDelete(const QString&) override {}
     void NotifyOfMapEdit(const QString& mapId) override;
     void NotifyOfMapSwitch(const QString&, const QString&) override { rebuild(); }
     void NotifyOfNewContext() override { rebuild(); }
