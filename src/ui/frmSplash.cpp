@@ -113,13 +113,18 @@ void frmSplash::Show()
     show();
     raise();
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_painted.start();
 }
 
 void frmSplash::UpdateStatus(const QString& text, float)
 {
     m_lblStatus->setText(text);
-    if (isVisible())
+    // Painted at most every 40 ms: a quick start is not slowed by repainting
+    // lines nobody could read, and a long one still shows each step.
+    if (isVisible() && (!m_painted.isValid() || m_painted.elapsed() >= 40)) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        m_painted.start();
+    }
 }
 
 void frmSplash::Display()

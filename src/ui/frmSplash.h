@@ -4,6 +4,7 @@
 #include "core/FSplashScr.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 class QLabel;
 class QPlainTextEdit;
@@ -39,6 +40,7 @@ private:
     void buildAboutPart();
 
     QLabel* m_lblStatus;
+    QElapsedTimer m_painted;
     QWidget* m_aboutPart = nullptr;
     QPlainTextEdit* m_txtLicence = nullptr;
 };
