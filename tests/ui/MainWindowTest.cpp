@@ -4,89 +4,29 @@
 #include "actions/CActionNewMapGroup.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
-#include "core/CKorvane.h"
-#include "core/FNewGameDlg.h"
-#include "core/FOpenFileDlg.h"
-#include "core/FSaveFileDlg.h"
 #include "model/CGame.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "render/CMapExport.h"
-#include "support/ContextTestSupport.h"
-#include "support/RootFixture.h"
 #include "support/TestContext.h"
+#include "support/WindowFixture.h"
 #include "tokens/IToken.h"
 #include "ui/CGameCommands.h"
-#include "ui/CWidgetGui.h"
 #include "ui/UMapTabs.h"
 #include "ui/UTokenPalette.h"
-#include "ui/mdiMain.h"
 
 #include <QAction>
-#include <QDir>
-#include <QFile>
 #include <QMenu>
 #include <QToolBox>
 
 namespace {
 
-// File and new-game dialogs that answer from a script.
-class ScriptedChoices : public FSaveFileDlg, public FOpenFileDlg, public FNewGameDlg
-{
-public:
-    QString Path;
-    QString GameId;
-
-    bool Display(const QString&, const QString&, const QString&, const QString&) override
-    {
-        return !Path.isEmpty();
-    }
-    bool Display(const QString&, const QString&, const QString&) override
-    {
-        return !Path.isEmpty();
-    }
-    bool Display() override { return !GameId.isEmpty(); }
-    QString SelectedGameId() const override { return GameId; }
-    QString SelDir() const override { return QFileInfo(Path).absolutePath() + QLatin1Char('/'); }
-    QString SelFile() const override { return QFileInfo(Path).completeBaseName(); }
-    QString SelExt() const override { return QFileInfo(Path).suffix(); }
-};
-
-// The program's own windows, with the message boxes and file dialogs scripted.
-class TestGui : public CWidgetGui
-{
-public:
-    ScriptedMessages Boxes;
-    ScriptedChoices Choices;
-
-    FMessageBox* Messages() override { return &Boxes; }
-    FSaveFileDlg* SaveFileDlg() override { return &Choices; }
-    FOpenFileDlg* OpenFileDlg() override { return &Choices; }
-    FNewGameDlg* NewGameDlg() override { return &Choices; }
-};
-
 const QString skirmishId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
 
-class MainWindow : public RootFixture
+class MainWindow : public WindowFixture
 {
 protected:
-    void SetUp() override
-    {
-        QDir().mkpath(home.File(QStringLiteral("modules")));
-        QFile::copy(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR "/skirmish.krm"),
-                    home.File(QStringLiteral("modules/skirmish.krm")));
-        RootFixture::SetUp();
-        window = gui->MainWindow();
-        window->show();
-    }
-    std::unique_ptr<CGui> MakeGui() override
-    {
-        auto made = std::make_unique<TestGui>();
-        gui = made.get();
-        return made;
-    }
-
     // Opens the menu (as a click on its title would) and returns its item.
     QAction* item(const char* menu, const char* name) const
     {
@@ -115,9 +55,6 @@ protected:
     {
         return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
     }
-
-    TestGui* gui = nullptr;
-    mdiMain* window = nullptr;
 };
 
 TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
@@ -249,16 +186,12 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     // history stay.
     dropCounter(200, 80);
     const std::shared_ptr<CGame> game = Root().Game();
-    QFile damaged(home.File(QStringLiteral("games/damaged.krf")));
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    QByteArray bytes = home.ReadFile(QStringLiteral("games/turn1.krf"));
-    bytes.truncate(bytes.size() / 2);
-    damaged.write(bytes);
-    damaged.close();
+    const QByteArray saved = home.ReadFile(QStringLiteral("games/turn1.krf"));
+    const QString damaged =
+        home.WriteFile(QStringLiteral("games/damaged.krf"), saved.left(saved.size() / 2));
     gui->Boxes.Answers = {FMessageBox::Answer::No};
-    EXPECT_FALSE(CGameCommands::OpenFile(damaged.fileName()));
-    EXPECT_TRUE(lastMessage().startsWith(QStringLiteral("File '") + damaged.fileName() +
-                                         QStringLiteral("' cannot be opened.")))
+    EXPECT_FALSE(CGameCommands::OpenFile(damaged));
+    EXPECT_TRUE(lastMessage().startsWith("File '" + damaged + "' cannot be opened."))
         << lastMessage().toStdString();
     EXPECT_EQ(Root().Game(), game);
     EXPECT_NE(Root().ActionMgr().NextUndoAction(), nullptr);
