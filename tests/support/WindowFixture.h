@@ -5,38 +5,23 @@
 
 #include "core/CKorvane.h"
 #include "core/FNewGameDlg.h"
-#include "core/FOpenFileDlg.h"
-#include "core/FSaveFileDlg.h"
 #include "support/ContextTestSupport.h"
 #include "support/RootFixture.h"
+#include "support/ScriptedFileDlg.h"
 #include "support/ScriptedGui.h"
 #include "ui/CWidgetGui.h"
 #include "ui/mdiMain.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
-// File and new-game dialogs that answer from a script.
-class ScriptedChoices : public FSaveFileDlg, public FOpenFileDlg, public FNewGameDlg
+// A new-game dialog that picks the scripted game type; none cancels.
+class ScriptedNewGameDlg : public FNewGameDlg
 {
 public:
-    QString Path;
     QString GameId;
-
-    bool Display(const QString&, const QString&, const QString&, const QString&) override
-    {
-        return !Path.isEmpty();
-    }
-    bool Display(const QString&, const QString&, const QString&) override
-    {
-        return !Path.isEmpty();
-    }
     bool Display() override { return !GameId.isEmpty(); }
     QString SelectedGameId() const override { return GameId; }
-    QString SelDir() const override { return QFileInfo(Path).absolutePath() + QLatin1Char('/'); }
-    QString SelFile() const override { return QFileInfo(Path).completeBaseName(); }
-    QString SelExt() const override { return QFileInfo(Path).suffix(); }
 };
 
 // The program's own windows with message boxes, file dialogs and the
@@ -45,13 +30,15 @@ class WindowGui : public CWidgetGui
 {
 public:
     ScriptedMessages Boxes;
-    ScriptedChoices Choices;
+    ScriptedSaveDlg Save;
+    ScriptedOpenDlg Open;
+    ScriptedNewGameDlg NewGame;
     ScriptedPopupMenu Popup;
 
     FMessageBox* Messages() override { return &Boxes; }
-    FSaveFileDlg* SaveFileDlg() override { return &Choices; }
-    FOpenFileDlg* OpenFileDlg() override { return &Choices; }
-    FNewGameDlg* NewGameDlg() override { return &Choices; }
+    FSaveFileDlg* SaveFileDlg() override { return &Save; }
+    FOpenFileDlg* OpenFileDlg() override { return &Open; }
+    FNewGameDlg* NewGameDlg() override { return &NewGame; }
     FPopupMenu* PopupMenu() override { return &Popup; }
 };
 

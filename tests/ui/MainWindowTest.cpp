@@ -43,7 +43,7 @@ protected:
     }
     void newGame()
     {
-        gui->Choices.GameId = skirmishId;
+        gui->NewGame.GameId = skirmishId;
         ASSERT_TRUE(CGameCommands::NewGame());
     }
     // Drops a counter of the first palette token on the shown map.
@@ -164,7 +164,8 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     dropCounter(120, 80);
     const QString path = home.File(QStringLiteral("games/turn1.krf"));
     QDir().mkpath(QFileInfo(path).absolutePath());
-    gui->Choices.Path = path;
+    gui->Save.Choose(home.File(QStringLiteral("games/")), QStringLiteral("turn1"),
+                     QStringLiteral("krf"));
     item("mnuFile", "mnuFileSaveGameAs")->trigger();
     ASSERT_TRUE(QFileInfo::exists(path));
     EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("turn1.krf - Korvane")));
@@ -172,13 +173,13 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_EQ(item("mnuFile", "mnuFileRecent1")->text(), QStringLiteral("&1 ") + path);
 
     // The exported picture is the renderer's, byte for byte.
-    gui->Choices.Path = home.File(QStringLiteral("games/board.png"));
+    gui->Save.Choose(home.File(QStringLiteral("games/")), QStringLiteral("board"),
+                     QStringLiteral("png"));
     item("mnuFile", "mnuFileExport")->trigger();
     EXPECT_EQ(
         home.ReadFile(QStringLiteral("games/board.png")),
         CMapExport::Render(Root().Game()->ActiveMapGroup()->ActiveMap(), Root().Context(), 1.0)
             .Png);
-    gui->Choices.Path = path;
 
     // A damaged file and a file of no module are refused; the game and its
     // history stay.
