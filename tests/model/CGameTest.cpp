@@ -38,19 +38,6 @@ protected:
     std::shared_ptr<CMap> m1, m2, m3;
 };
 
-TEST_F(GameModel, lookupsSearchEveryGroup)
-{
-    EXPECT_EQ(game->MapById(m3->Id()), m3); // m1, in the first group, in the trace test
-    EXPECT_EQ(game->GroupByMapId(m2->Id()), groups[0]);
-    EXPECT_EQ(game->GroupByMapId(m3->Id()), groups[1]);
-    EXPECT_EQ(game->GroupByMapId(QStringLiteral("nope")), nullptr);
-    EXPECT_EQ(game->GroupById(groups[2]->Id()), groups[2]);
-    EXPECT_EQ(game->TokenById(QStringLiteral("MARK")), token(QStringLiteral("MARK")));
-    EXPECT_EQ(game->GetMapCount(), 3);
-    Root().SetContext(nullptr);
-    EXPECT_EQ(game->TokenById(QStringLiteral("INF")), nullptr) << "no context, no tokens";
-}
-
 TEST_F(GameModel, switchingGroupsActivatesTheLastMapAndLeavesTheOldGroupAlone)
 {
     game->SwitchTo(groups[0]);
@@ -77,8 +64,14 @@ TEST_F(GameModel, switchingGroupsActivatesTheLastMapAndLeavesTheOldGroupAlone)
     EXPECT_EQ(m2->LockCount(), 1);
 }
 
-TEST_F(GameModel, lookupMissesWriteTheirTraceLines)
+TEST_F(GameModel, lookupsSearchEveryGroupAndMissesWriteTheirTraceLines)
 {
+    EXPECT_EQ(game->MapById(m3->Id()), m3);
+    EXPECT_EQ(game->GroupByMapId(m2->Id()), groups[0]);
+    EXPECT_EQ(game->GroupByMapId(m3->Id()), groups[1]);
+    EXPECT_EQ(game->GroupById(groups[2]->Id()), groups[2]);
+    EXPECT_EQ(game->TokenById(QStringLiteral("MARK")), token(QStringLiteral("MARK")));
+    EXPECT_EQ(game->GetMapCount(), 3);
     game->SwitchTo(groups[1]);
     Root().Trace().SetEnabled(true);
     const QString id = QStringLiteral("0123");
@@ -108,6 +101,8 @@ TEST_F(GameModel, lookupMissesWriteTheirTraceLines)
                   miss("CMap.UnitById", {notLocked}) + miss("CMap.ArrowById", {notLocked}) +
                   miss("CMap.UnitById", {mapId, QStringLiteral("Unit Not Found Id = 0123")}) +
                   miss("CMap.ArrowById", {mapId, QStringLiteral("Arrow Not Found Id = 0123")}));
+    Root().SetContext(nullptr);
+    EXPECT_EQ(game->TokenById(QStringLiteral("INF")), nullptr) << "no context, no tokens";
 }
 
 } // namespace

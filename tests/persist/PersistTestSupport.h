@@ -2,11 +2,10 @@
 
 #include "core/CGui.h"
 #include "core/CKorvane.h"
-#include "core/FOpenFileDlg.h"
 #include "core/FProgressWin.h"
-#include "core/FSaveFileDlg.h"
 #include "support/ContextTestSupport.h"
 #include "support/EventLog.h"
+#include "support/ScriptedFileDlg.h"
 #include "support/TestHome.h"
 
 #include <QStringList>
@@ -14,57 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-
-// A file dialog that answers from a script and keeps what it was shown.
-template <typename Dialog> class ScriptedFileDlg : public Dialog
-{
-public:
-    // Confirms the next Display with this path ("" cancels it).
-    void Choose(const QString& directory, const QString& file, const QString& extension)
-    {
-        m_directory = directory;
-        m_file = file;
-        m_extension = extension;
-        m_confirm = true;
-    }
-    // The arguments of every Display, joined by " # ".
-    QStringList Shown;
-    QString SelDir() const override { return m_directory; }
-    QString SelFile() const override { return m_file; }
-    QString SelExt() const override { return m_extension; }
-
-protected:
-    bool answer(const QStringList& arguments)
-    {
-        Shown << arguments.join(QStringLiteral(" # "));
-        return std::exchange(m_confirm, false);
-    }
-
-private:
-    QString m_directory;
-    QString m_file;
-    QString m_extension;
-    bool m_confirm = false;
-};
-
-class ScriptedSaveDlg : public ScriptedFileDlg<FSaveFileDlg>
-{
-public:
-    bool Display(const QString& filter, const QString& name, const QString& extension,
-                 const QString& directory) override
-    {
-        return answer({filter, name, extension, directory});
-    }
-};
-
-class ScriptedOpenDlg : public ScriptedFileDlg<FOpenFileDlg>
-{
-public:
-    bool Display(const QString& filter, const QString& pattern, const QString& directory) override
-    {
-        return answer({filter, pattern, directory});
-    }
-};
 
 // Keeps every call in order: "Load", "Show", "status text", "Hide", "Unload".
 class RecordingProgressWin : public FProgressWin

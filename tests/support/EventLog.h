@@ -2,7 +2,6 @@
 
 #include "model/IGameEventListener.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <functional>
@@ -19,12 +18,6 @@ public:
     QStringList Lines;
     // Runs after every announcement heard.
     std::function<void()> OnHear;
-
-    // The lines naming one event kind ("UnitEdit"), with their arguments.
-    QStringList Of(const QString& event) const
-    {
-        return Lines.filter(QRegularExpression(QLatin1Char('^') + event + QStringLiteral("\\(")));
-    }
 
     void NotifyOfArrowAdd(const QString& id) override { hear("ArrowAdd", id); }
     void NotifyOfArrowDelete(const QString& id) override { hear("ArrowDelete", id); }

@@ -6,44 +6,44 @@
 #include "persist/CZlib.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+namespace {
+
+// Every entry of a pack, in directory order; fails the running test when the
+// pack cannot be read.
+std::vector<std::pair<QString, QByteArray>> entriesOf(const QByteArray& pack)
+{
+    QTemporaryDir dir;
+    QFile file(dir.filePath(QStringLiteral("edit.krm")));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pack) == pack.size());
+    file.close();
+    CResFileMgr reader(dir.path(), QStringLiteral("edit.krm"));
+    EXPECT_TRUE(reader.IsOpen()) << reader.LastError().toStdString();
+    std::vector<std::pair<QString, QByteArray>> entries;
+    for (std::int32_t i = 1; i <= reader.EntryCount(); ++i) {
+        QByteArray data;
+        EXPECT_TRUE(reader.ReadEntry(reader.Entry(i).Name, data))
+            << reader.LastError().toStdString();
+        entries.emplace_back(reader.Entry(i).Name, data);
+    }
+    return entries;
+}
+
+} // namespace
+
 QByteArray EditPack(const QByteArray& pack, const QMap<QString, QByteArray>& replace,
                     const QStringList& drop)
 {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("edit.krm"));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(pack) != pack.size()) {
-        ADD_FAILURE() << "cannot write " << path.toStdString();
-        return QByteArray();
-    }
-    file.close();
-
-    CResFileMgr reader(dir.path(), QStringLiteral("edit.krm"));
-    EXPECT_TRUE(reader.IsOpen()) << reader.LastError().toStdString();
     QMap<QString, QByteArray> pending;
     for (auto it = replace.cbegin(); it != replace.cend(); ++it)
         pending.insert(it.key().toLower(), it.value());
-    QStringList dropped;
-    for (const QString& name : drop)
-        dropped.append(name.toLower());
-
     CResFileWriter writer;
-    for (std::int32_t i = 1; i <= reader.EntryCount(); ++i) {
-        const QString name = reader.Entry(i).Name;
-        if (dropped.contains(name))
-            continue;
-        if (pending.contains(name)) {
-            writer.AddEntry(name, pending.take(name));
-            continue;
-        }
-        QByteArray data;
-        EXPECT_TRUE(reader.ReadEntry(name, data)) << reader.LastError().toStdString();
-        writer.AddEntry(name, data);
+    for (const auto& [name, data] : entriesOf(pack)) {
+        if (!drop.contains(name, Qt::CaseInsensitive))
+            writer.AddEntry(name, pending.contains(name) ? pending.take(name) : data);
     }
     for (auto it = pending.cbegin(); it != pending.cend(); ++it)
         writer.AddEntry(it.key(), it.value());
@@ -73,18 +73,7 @@ QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries, con
 QByteArray AppendRawEntries(const QByteArray& pack,
                             const std::vector<std::pair<QString, QByteArray>>& entries)
 {
-    QTemporaryDir dir;
-    QFile file(dir.filePath(QStringLiteral("raw.krm")));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pack) == pack.size());
-    file.close();
-    CResFileMgr reader(dir.path(), QStringLiteral("raw.krm"));
-    EXPECT_TRUE(reader.IsOpen()) << reader.LastError().toStdString();
-    std::vector<std::pair<QString, QByteArray>> all;
-    for (std::int32_t i = 1; i <= reader.EntryCount(); ++i) {
-        QByteArray data;
-        EXPECT_TRUE(reader.ReadEntry(reader.Entry(i).Name, data));
-        all.emplace_back(reader.Entry(i).Name, data);
-    }
+    std::vector<std::pair<QString, QByteArray>> all = entriesOf(pack);
     all.insert(all.end(), entries.begin(), entries.end());
 
     // Every entry stored as it is; the data starts a little after the

@@ -14,13 +14,7 @@ public:
 
     // Appends a token made by class name, its index being its position.
     std::shared_ptr<IToken> AddToken(const QString& className, const QString& id);
-    CVector<IToken>& TokenList() { return m_tokens; }
     CVector<IAction>& ActionList() { return m_actions; }
-    void SetBoardSize(std::int32_t width, std::int32_t height)
-    {
-        m_mapWidth = width;
-        m_mapHeight = height;
-    }
 
     QString Id() const override { return m_id; }
     QString Caption() const override { return QStringLiteral("Test"); }
@@ -40,8 +34,8 @@ public:
     void Dispose() override {}
     std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
     QImage MapPicture() const override { return QImage(); }
-    std::int32_t MapWidth() const override { return m_mapWidth; }
-    std::int32_t MapHeight() const override { return m_mapHeight; }
+    std::int32_t MapWidth() const override { return 800; }
+    std::int32_t MapHeight() const override { return 600; }
     std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
     std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
     bool IsUserDefined() const override { return false; }
@@ -54,8 +48,6 @@ public:
 private:
     QString m_prefix;
     QString m_id;
-    std::int32_t m_mapWidth = 800;
-    std::int32_t m_mapHeight = 600;
     CVector<IToken> m_tokens;
     CVector<IActionTool> m_tools;
     CVector<IAction> m_actions;

@@ -4,27 +4,22 @@
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CDragDropMgr.h"
-#include "core/CKorvane.h"
 #include "core/MMain.h"
 #include "model/CArrow.h"
 #include "model/CMap.h"
 #include "model/CUnit.h"
 #include "render/CBoardRenderer.h"
-#include "support/RootFixture.h"
-#include "support/ScriptedGui.h"
+#include "support/WindowFixture.h"
 #include "tokens/IToken.h"
 #include "ui/CBoardZoom.h"
 #include "ui/CGameCommands.h"
 #include "ui/CMapState.h"
 #include "ui/CUnitItem.h"
-#include "ui/CWidgetGui.h"
 #include "ui/UTokenPalette.h"
 #include "ui/arcArrows.h"
 #include "ui/mdcBoard.h"
-#include "ui/mdiMain.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -32,28 +27,13 @@
 
 namespace {
 
-// The program's own windows, with a right-click menu that answers by script.
-class BoardGui : public CWidgetGui
-{
-public:
-    ScriptedPopupMenu Popup;
-    FPopupMenu* PopupMenu() override { return &Popup; }
-};
-
 // The main window on screen with Border Skirmish's new game, its map emptied.
-class BoardTest : public RootFixture
+class BoardTest : public WindowFixture
 {
 protected:
     void SetUp() override
     {
-        const QDir built(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR));
-        QDir().mkpath(home.File(QStringLiteral("modules")));
-        for (const QString& pack : built.entryList({QStringLiteral("*.krm")}, QDir::Files))
-            ASSERT_TRUE(QFile::copy(built.filePath(pack), home.File("modules/" + pack)));
-        RootFixture::SetUp();
-        window = gui->MainWindow();
-        window->resize(1000, 760);
-        window->show();
+        WindowFixture::SetUp();
         board = window->Board();
         CContextMgr& contexts = Root().ContextMgr();
         const auto context = contexts.Context(
@@ -68,13 +48,6 @@ protected:
         }
         Root().ActionMgr().Clear();
     }
-    std::unique_ptr<CGui> MakeGui() override
-    {
-        auto made = std::make_unique<BoardGui>();
-        gui = made.get();
-        return made;
-    }
-
     static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
     static std::int32_t units() { return map()->Units()->Count(); }
     static std::shared_ptr<CUnit> unit(std::int32_t position)
@@ -142,8 +115,6 @@ protected:
         return last();
     }
 
-    BoardGui* gui = nullptr;
-    mdiMain* window = nullptr;
     mdcBoard* board = nullptr;
 };
 

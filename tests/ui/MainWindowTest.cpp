@@ -4,89 +4,29 @@
 #include "actions/CActionNewMapGroup.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
-#include "core/CKorvane.h"
-#include "core/FNewGameDlg.h"
-#include "core/FOpenFileDlg.h"
-#include "core/FSaveFileDlg.h"
 #include "model/CGame.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "render/CMapExport.h"
-#include "support/ContextTestSupport.h"
-#include "support/RootFixture.h"
 #include "support/TestContext.h"
+#include "support/WindowFixture.h"
 #include "tokens/IToken.h"
 #include "ui/CGameCommands.h"
-#include "ui/CWidgetGui.h"
 #include "ui/UMapTabs.h"
 #include "ui/UTokenPalette.h"
-#include "ui/mdiMain.h"
 
 #include <QAction>
-#include <QDir>
-#include <QFile>
 #include <QMenu>
 #include <QToolBox>
 
 namespace {
 
-// File and new-game dialogs that answer from a script.
-class ScriptedChoices : public FSaveFileDlg, public FOpenFileDlg, public FNewGameDlg
-{
-public:
-    QString Path;
-    QString GameId;
-
-    bool Display(const QString&, const QString&, const QString&, const QString&) override
-    {
-        return !Path.isEmpty();
-    }
-    bool Display(const QString&, const QString&, const QString&) override
-    {
-        return !Path.isEmpty();
-    }
-    bool Display() override { return !GameId.isEmpty(); }
-    QString SelectedGameId() const override { return GameId; }
-    QString SelDir() const override { return QFileInfo(Path).absolutePath() + QLatin1Char('/'); }
-    QString SelFile() const override { return QFileInfo(Path).completeBaseName(); }
-    QString SelExt() const override { return QFileInfo(Path).suffix(); }
-};
-
-// The program's own windows, with the message boxes and file dialogs scripted.
-class TestGui : public CWidgetGui
-{
-public:
-    ScriptedMessages Boxes;
-    ScriptedChoices Choices;
-
-    FMessageBox* Messages() override { return &Boxes; }
-    FSaveFileDlg* SaveFileDlg() override { return &Choices; }
-    FOpenFileDlg* OpenFileDlg() override { return &Choices; }
-    FNewGameDlg* NewGameDlg() override { return &Choices; }
-};
-
 const QString skirmishId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
 
-class MainWindow : public RootFixture
+class MainWindow : public WindowFixture
 {
 protected:
-    void SetUp() override
-    {
-        QDir().mkpath(home.File(QStringLiteral("modules")));
-        QFile::copy(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR "/skirmish.krm"),
-                    home.File(QStringLiteral("modules/skirmish.krm")));
-        RootFixture::SetUp();
-        window = gui->MainWindow();
-        window->show();
-    }
-    std::unique_ptr<CGui> MakeGui() override
-    {
-        auto made = std::make_unique<TestGui>();
-        gui = made.get();
-        return made;
-    }
-
     // Opens the menu (as a click on its title would) and returns its item.
     QAction* item(const char* menu, const char* name) const
     {
@@ -103,7 +43,7 @@ protected:
     }
     void newGame()
     {
-        gui->Choices.GameId = skirmishId;
+        gui->NewGame.GameId = skirmishId;
         ASSERT_TRUE(CGameCommands::NewGame());
     }
     // Drops a counter of the first palette token on the shown map.
@@ -115,9 +55,6 @@ protected:
     {
         return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
     }
-
-    TestGui* gui = nullptr;
-    mdiMain* window = nullptr;
 };
 
 TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
@@ -207,17 +144,15 @@ TEST_F(MainWindow, MenusFollowTheGameTheHistoryAndTheModule)
     item("mnuView", "mnuViewArchCurrent")->trigger();
     EXPECT_EQ(Root().Game()->ActiveMapGroup(), Root().Game()->MapGroups().Item(10));
     EXPECT_EQ(tabs->count(), 1);
-}
 
-TEST_F(MainWindow, CustomActionsShowAsManyItemsAsTheModuleOffers)
-{
+    // A module's own actions: as many items as it offers.
     auto context = std::make_shared<TestContext>();
     context->ActionList().AddItem(std::make_shared<CActionNewMap>());
     context->ActionList().AddItem(std::make_shared<CActionNewMap>());
     Root().SetContext(context);
     Root().EventMgr().NotifyOfNewContext(nullptr);
-    EXPECT_EQ(shown("mnuAction", "mnuActionCustom1"), QStringLiteral("New Map (off)"));
-    EXPECT_EQ(shown("mnuAction", "mnuActionCustom2"), QStringLiteral("New Map (off)"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionCustom1"), QStringLiteral("New Map"));
+    EXPECT_EQ(shown("mnuAction", "mnuActionCustom2"), QStringLiteral("New Map"));
     for (const char* hidden : {"mnuActionCustom3", "mnuActionCustom4", "mnuActionCustom5"})
         EXPECT_EQ(shown("mnuAction", hidden), QStringLiteral("(hidden)")) << hidden;
     Root().SetContext(nullptr);
@@ -229,7 +164,8 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     dropCounter(120, 80);
     const QString path = home.File(QStringLiteral("games/turn1.krf"));
     QDir().mkpath(QFileInfo(path).absolutePath());
-    gui->Choices.Path = path;
+    gui->Save.Choose(home.File(QStringLiteral("games/")), QStringLiteral("turn1"),
+                     QStringLiteral("krf"));
     item("mnuFile", "mnuFileSaveGameAs")->trigger();
     ASSERT_TRUE(QFileInfo::exists(path));
     EXPECT_TRUE(window->windowTitle().contains(QStringLiteral("turn1.krf - Korvane")));
@@ -237,29 +173,23 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_EQ(item("mnuFile", "mnuFileRecent1")->text(), QStringLiteral("&1 ") + path);
 
     // The exported picture is the renderer's, byte for byte.
-    gui->Choices.Path = home.File(QStringLiteral("games/board.png"));
+    gui->Save.Choose(home.File(QStringLiteral("games/")), QStringLiteral("board"),
+                     QStringLiteral("png"));
     item("mnuFile", "mnuFileExport")->trigger();
     EXPECT_EQ(
         home.ReadFile(QStringLiteral("games/board.png")),
         CMapExport::Render(Root().Game()->ActiveMapGroup()->ActiveMap(), Root().Context(), 1.0)
             .Png);
-    gui->Choices.Path = path;
 
     // A damaged file and a file of no module are refused; the game and its
     // history stay.
     dropCounter(200, 80);
     const std::shared_ptr<CGame> game = Root().Game();
-    QFile damaged(home.File(QStringLiteral("games/damaged.krf")));
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    QByteArray bytes = home.ReadFile(QStringLiteral("games/turn1.krf"));
-    bytes.truncate(bytes.size() / 2);
-    damaged.write(bytes);
-    damaged.close();
+    const QByteArray saved = home.ReadFile(QStringLiteral("games/turn1.krf"));
+    const QString damaged =
+        home.WriteFile(QStringLiteral("games/damaged.krf"), saved.left(saved.size() / 2));
     gui->Boxes.Answers = {FMessageBox::Answer::No};
-    EXPECT_FALSE(CGameCommands::OpenFile(damaged.fileName()));
-    EXPECT_TRUE(lastMessage().startsWith(QStringLiteral("File '") + damaged.fileName() +
-                                         QStringLiteral("' cannot be opened.")))
-        << lastMessage().toStdString();
+    EXPECT_FALSE(CGameCommands::OpenFile(damaged));
     EXPECT_EQ(Root().Game(), game);
     EXPECT_NE(Root().ActionMgr().NextUndoAction(), nullptr);
     EXPECT_EQ(window->Palette()->findChild<QToolBox*>()->count(), 4);
@@ -285,13 +215,6 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Units()->Count(),
               game->ActiveMapGroup()->ActiveMap()->Units()->Count());
     EXPECT_EQ(Root().ActionMgr().NextUndoAction(), nullptr);
-
-    // Closing with changes answered No closes without writing.
-    dropCounter(300, 80);
-    const QByteArray before = home.ReadFile(QStringLiteral("games/turn1.krf"));
-    gui->Boxes.Answers = {FMessageBox::Answer::No};
-    EXPECT_TRUE(window->close());
-    EXPECT_EQ(home.ReadFile(QStringLiteral("games/turn1.krf")), before);
 }
 
 } // namespace
