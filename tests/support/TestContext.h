@@ -14,6 +14,12 @@ public:
 
     // Appends a token made by class name, its index being its position.
     std::shared_ptr<IToken> AddToken(const QString& className, const QString& id);
+    // The benchmarks' boards are larger than the default 800 x 600.
+    void SetBoardSize(std::int32_t width, std::int32_t height)
+    {
+        m_mapWidth = width;
+        m_mapHeight = height;
+    }
     CVector<IAction>& ActionList() { return m_actions; }
 
     QString Id() const override { return m_id; }
