@@ -40,8 +40,8 @@ public:
     void Dispose() override {}
     std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
     QImage MapPicture() const override { return QImage(); }
-    std::int32_t MapWidth() const override { return 800; }
-    std::int32_t MapHeight() const override { return 600; }
+    std::int32_t MapWidth() const override { return m_mapWidth; }
+    std::int32_t MapHeight() const override { return m_mapHeight; }
     std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
     std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
     bool IsUserDefined() const override { return false; }
@@ -52,6 +52,8 @@ public:
     QString Url() const override { return QString(); }
 
 private:
+    std::int32_t m_mapWidth = 800;
+    std::int32_t m_mapHeight = 600;
     QString m_prefix;
     QString m_id;
     CVector<IToken> m_tokens;
