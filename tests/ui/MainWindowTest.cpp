@@ -20,6 +20,8 @@
 #include <QMenu>
 #include <QToolBox>
 
+#include <cstring>
+
 namespace {
 
 const QString skirmishId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
@@ -186,12 +188,33 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     dropCounter(200, 80);
     const std::shared_ptr<CGame> game = Root().Game();
     const QByteArray saved = home.ReadFile(QStringLiteral("games/turn1.krf"));
-    const QString damaged =
-        home.WriteFile(QStringLiteral("games/damaged.krf"), saved.left(saved.size() / 2));
-    gui->Boxes.Answers = {FMessageBox::Answer::No};
-    EXPECT_FALSE(CGameCommands::OpenFile(damaged));
-    EXPECT_EQ(Root().Game(), game);
-    EXPECT_NE(Root().ActionMgr().NextUndoAction(), nullptr);
+    // The body length follows the magic, the id's length byte and the id.
+    const auto declaring = [&saved](std::uint32_t length) {
+        QByteArray bytes = saved;
+        const qsizetype at = 5 + static_cast<unsigned char>(saved[4]);
+        std::memcpy(bytes.data() + at, &length, sizeof length);
+        return bytes;
+    };
+    QByteArray noise = saved;
+    for (qsizetype i = 5 + static_cast<unsigned char>(saved[4]) + 4; i < noise.size(); ++i)
+        noise[i] = static_cast<char>(i * 37);
+    const struct
+    {
+        const char* file;
+        QByteArray bytes;
+    } hostile[] = {{"half.krf", saved.left(saved.size() / 2)},
+                   {"declares2gib.krf", declaring(0x7FFFFFFFu)},
+                   {"declares512mib.krf", declaring(512u << 20)},
+                   {"noise.krf", noise}};
+    for (const auto& file : hostile) {
+        const QString damaged = home.WriteFile(QStringLiteral("games/") + file.file, file.bytes);
+        gui->Boxes.Boxes.clear();
+        gui->Boxes.Answers = {FMessageBox::Answer::No};
+        EXPECT_FALSE(CGameCommands::OpenFile(damaged)) << file.file;
+        EXPECT_TRUE(lastMessage().startsWith(QStringLiteral("File '"))) << file.file;
+        EXPECT_EQ(Root().Game(), game) << file.file;
+        EXPECT_NE(Root().ActionMgr().NextUndoAction(), nullptr) << file.file;
+    }
     EXPECT_EQ(window->Palette()->findChild<QToolBox*>()->count(), 4);
 
     const QString foreign = home.WriteFile(QStringLiteral("games/notes.krf"), "just some notes");
