@@ -8,8 +8,6 @@
 #include <QElapsedTimer>
 #include <QtEndian>
 
-#include <zlib.h>
-
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
 
@@ -50,12 +48,7 @@ QByteArray packWithDefinition(const QByteArray& definition)
 QByteArray packWithDirectory(const QByteArray& directory, std::uint32_t claimedLength,
                              const QByteArray& data = QByteArray())
 {
-    QByteArray stored(static_cast<int>(compressBound(static_cast<uLong>(directory.size()))), '\0');
-    uLongf storedLength = static_cast<uLongf>(stored.size());
-    compress2(reinterpret_cast<Bytef*>(stored.data()), &storedLength,
-              reinterpret_cast<const Bytef*>(directory.constData()),
-              static_cast<uLong>(directory.size()), 9);
-    stored.truncate(static_cast<int>(storedLength));
+    const QByteArray stored = qCompress(directory, 9).mid(4); // qCompress prefixes a length
     return le32(claimedLength) + le32(static_cast<std::uint32_t>(stored.size())) + stored + data;
 }
 

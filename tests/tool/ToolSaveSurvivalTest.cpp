@@ -54,58 +54,51 @@ protected:
             map.SetText(QStringLiteral("Orders of turn %1").arg(m + 2));
             for (int u = 0; u < unitsPerMap; ++u)
                 AddUnit(map, u % 2 ? QStringLiteral("inf") : QStringLiteral("tank"), u * 7 % 300,
-                        u * 13 % 200, CUtility::GenerateId(), QString::number(u));
+                        u * 13 % 200, CUtility::GenerateId().repeated(4), QString::number(u));
         }
         return Save(*game, QStringLiteral("large.krf"));
     }
 
-    static QByteArray readFile(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    static void writeFile(const QString& path, const QByteArray& bytes)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
-
+    // The output lives in a folder of its own, so leftovers would show.
+    const QString outputName = QStringLiteral("out/game.krf");
     QTemporaryDir settings;
-    QTemporaryDir outputDir;
 };
 
 TEST_F(ToolSaveSurvival, KilledResaveLeavesTheOldOrTheNewFileWhole)
 {
     const QString input = largeGame(60, 400);
-    const QString output = outputDir.filePath(QStringLiteral("game.krf"));
-    const QByteArray newBytes = readFile(input); // a current file resaves byte for byte
+    const QString output = home.File(outputName);
+    const QByteArray newBytes = home.ReadFile(QStringLiteral("large.krf")); // resaves as it is
     auto small = NewGame(QStringLiteral("Old game"));
-    const QByteArray oldBytes = readFile(Save(*small, QStringLiteral("old.krf")));
+    Save(*small, QStringLiteral("old.krf"));
+    const QByteArray oldBytes = home.ReadFile(QStringLiteral("old.krf"));
     ASSERT_NE(oldBytes, newBytes);
+    home.WriteFile(outputName, oldBytes);
 
     // One whole run sets the window the kills fall into.
     QElapsedTimer timer;
     timer.start();
     ASSERT_EQ(Tool({QStringLiteral("resave"), input, QStringLiteral("-o"), output}).Status, 0);
     const qint64 wholeRun = timer.elapsed();
-    ASSERT_EQ(readFile(output), newBytes);
+    ASSERT_EQ(home.ReadFile(outputName), newBytes);
 
     std::mt19937 random(20261122);
-    std::uniform_int_distribution<qint64> moment(0, wholeRun);
+    // Half the kills fall anywhere, half in the last fifth, where the game is
+    // compressed and written.
+    std::uniform_int_distribution<qint64> anywhere(0, wholeRun);
+    std::uniform_int_distribution<qint64> late(wholeRun * 4 / 5, wholeRun);
     int cutShort = 0;
     for (int kill = 0; kill < 50; ++kill) {
-        writeFile(output, oldBytes);
+        home.WriteFile(outputName, oldBytes);
         QProcess process;
         start(process, {QStringLiteral("resave"), input, QStringLiteral("-o"), output});
-        const qint64 at = moment(random);
+        const qint64 at = kill % 2 ? late(random) : anywhere(random);
         if (!process.waitForFinished(static_cast<int>(at))) {
             process.kill();
             ASSERT_TRUE(process.waitForFinished());
             ++cutShort;
         }
-        const QByteArray found = readFile(output);
+        const QByteArray found = home.ReadFile(outputName);
         ASSERT_TRUE(found == oldBytes || found == newBytes)
             << "kill " << kill << " at " << at << " ms left " << found.size() << " bytes";
     }
@@ -113,22 +106,24 @@ TEST_F(ToolSaveSurvival, KilledResaveLeavesTheOldOrTheNewFileWhole)
     EXPECT_GE(cutShort, 25);
 
     ASSERT_EQ(Tool({QStringLiteral("resave"), input, QStringLiteral("-o"), output}).Status, 0);
-    EXPECT_EQ(readFile(output), newBytes);
-    EXPECT_EQ(QDir(outputDir.path()).entryList(QDir::Files | QDir::Hidden),
+    EXPECT_EQ(home.ReadFile(outputName), newBytes);
+    EXPECT_EQ(QDir(home.File(QStringLiteral("out"))).entryList(QDir::Files | QDir::Hidden),
               QStringList{QStringLiteral("game.krf")});
 }
 
 TEST_F(ToolSaveSurvival, FullDiskFailsTheSaveAndKeepsTheOldFile)
 {
     const QString input = largeGame(10, 400);
-    const QString output = outputDir.filePath(QStringLiteral("game.krf"));
+    const QString output = home.File(outputName);
     auto small = NewGame(QStringLiteral("Old game"));
-    const QByteArray oldBytes = readFile(Save(*small, QStringLiteral("old.krf")));
-    writeFile(output, oldBytes);
+    Save(*small, QStringLiteral("old.krf"));
+    const QByteArray oldBytes = home.ReadFile(QStringLiteral("old.krf"));
+    home.WriteFile(outputName, oldBytes);
 
     // Writing past the limit fails with EFBIG instead of raising SIGXFSZ,
     // as a full disk fails with ENOSPC.
-    const rlim_t limit = static_cast<rlim_t>(QFile(input).size() / 2);
+    // The resaved file is as long as the input; the swap files are shorter.
+    const rlim_t limit = static_cast<rlim_t>(QFile(input).size() - 1);
     QProcess process;
     start(process, {QStringLiteral("resave"), input, QStringLiteral("-o"), output}, [limit] {
         std::signal(SIGXFSZ, SIG_IGN);
@@ -142,8 +137,8 @@ TEST_F(ToolSaveSurvival, FullDiskFailsTheSaveAndKeepsTheOldFile)
     EXPECT_TRUE(error.startsWith(QStringLiteral("korvane-tool: ") + output +
                                  QStringLiteral(": cannot be written")))
         << error.toStdString();
-    EXPECT_EQ(readFile(output), oldBytes);
-    EXPECT_EQ(QDir(outputDir.path()).entryList(QDir::Files | QDir::Hidden),
+    EXPECT_EQ(home.ReadFile(outputName), oldBytes);
+    EXPECT_EQ(QDir(home.File(QStringLiteral("out"))).entryList(QDir::Files | QDir::Hidden),
               QStringList{QStringLiteral("game.krf")});
 }
 
