@@ -45,6 +45,7 @@ FuzzEnvironment::FuzzEnvironment()
     static int argc = 1;
     static char name[] = "korvane-fuzz";
     static char* argv[] = {name, nullptr};
+    // Lives as long as the process, like the environment; Qt keeps its pointer.
     new QGuiApplication(argc, argv);
 
     QTemporaryDir base(QDir::tempPath() + QStringLiteral("/korvane-fuzz-XXXXXX"));
