@@ -1,11 +1,12 @@
 // korvane-fuzz-seeds OUTDIR: writes the seed corpora of the fuzz targets from
-// the shipped modules, into OUTDIR/<target>/: the packs themselves, the
-// module.def of each, the new game of every usable module, and swap files of
+// the shipped modules, into OUTDIR/<target>/: the packs themselves and a
+// small one, the module.def of each, the new game of every usable module, and swap files of
 // a map holding one unit of each token plus an arrow.
 #include "FuzzEnvironment.h"
 
 #include "contexts/CContextMgr.h"
 #include "contexts/CResFileMgr.h"
+#include "contexts/CResFileWriter.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
@@ -54,6 +55,12 @@ int main(int argc, char** argv)
         if (pack.ReadEntry(QStringLiteral("module.def"), definition))
             writeSeed(out + "module_def", name + QStringLiteral(".def"), definition);
     }
+
+    // A small pack: one entry stored as it is, one compressed.
+    CResFileWriter small;
+    small.AddEntry(QStringLiteral("stored.bin"), QByteArrayLiteral("\x01\x7f\xfe\x80"));
+    small.AddEntry(QStringLiteral("packed.txt"), QByteArray(200, 'k'));
+    writeSeed(out + "pack", QStringLiteral("small.krm"), small.ToBytes());
 
     const CContextMgr& contexts = environment.Root().ContextMgr();
     for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
