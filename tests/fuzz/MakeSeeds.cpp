@@ -1,0 +1,105 @@
+// korvane-fuzz-seeds OUTDIR: writes the seed corpora of the fuzz targets from
+// the shipped modules, into OUTDIR/<target>/: the packs themselves and a
+// small one, the module.def of each, the new game of every usable module, and swap files of
+// a map holding one unit of each token plus an arrow.
+#include "FuzzEnvironment.h"
+
+#include "contexts/CContextMgr.h"
+#include "contexts/CResFileMgr.h"
+#include "contexts/CResFileWriter.h"
+#include "contexts/IGameContext.h"
+#include "core/CKorvane.h"
+#include "core/CUtility.h"
+#include "core/KorvaneError.h"
+#include "model/CArrow.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CUnit.h"
+#include "persist/CGameFile.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+void writeSeed(const QString& folder, const QString& name, const QByteArray& bytes)
+{
+    QDir().mkpath(folder);
+    QFile file(folder + QLatin1Char('/') + name);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
+        qFatal("cannot write the seed %s", qPrintable(file.fileName()));
+}
+
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(path));
+    return file.readAll();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    FuzzEnvironment& environment = FuzzEnvironment::Get();
+    if (argc != 2)
+        qFatal("usage: korvane-fuzz-seeds OUTDIR");
+    const QString out = QFile::decodeName(argv[1]) + QLatin1Char('/');
+
+    const QDir shipped(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR));
+    for (const QString& name : shipped.entryList({QStringLiteral("*.krm")}, QDir::Files)) {
+        writeSeed(out + "pack", name, fileBytes(shipped.filePath(name)));
+        CResFileMgr pack(shipped.path(), name);
+        QByteArray definition;
+        if (pack.ReadEntry(QStringLiteral("module.def"), definition))
+            writeSeed(out + "module_def", name + QStringLiteral(".def"), definition);
+    }
+
+    // A small pack: one entry stored as it is, one compressed.
+    CResFileWriter small;
+    small.AddEntry(QStringLiteral("stored.bin"), QByteArrayLiteral("\x01\x7f\xfe\x80"));
+    small.AddEntry(QStringLiteral("packed.txt"), QByteArray(200, 'k'));
+    writeSeed(out + "pack", QStringLiteral("small.krm"), small.ToBytes());
+
+    const CContextMgr& contexts = environment.Root().ContextMgr();
+    for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
+        const std::shared_ptr<IGameContext> context = contexts.Context(i);
+        if (!environment.Activate(context))
+            continue;
+        try {
+            const std::shared_ptr<CGame> game = context->CreateDefaultGame();
+            writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
+                      CGameFile::ToBytes(*game, CContextMgr::TranslateInternalId(context->Id())));
+        } catch (const KorvaneError& error) {
+            qWarning("no new game of %s: %s", qPrintable(context->Id()), error.what());
+        }
+    }
+
+    // The swap target reads its files under the context it picks itself.
+    const std::shared_ptr<IGameContext> context = environment.AnyUsableContext();
+    if (!context)
+        qFatal("no shipped module can be used");
+    CMap map(CUtility::GenerateId(), CUtility::GenerateId());
+    map.AquireLock();
+    map.ReleaseLock();
+    // An empty map may swap out without writing a file.
+    if (QFile::exists(map.SwapFile()))
+        writeSeed(out + "swap_file", QStringLiteral("empty.swap"), fileBytes(map.SwapFile()));
+    map.AquireLock();
+    const CVector<IToken>& tokens = context->Tokens();
+    for (std::int32_t i = 1; i <= tokens.Count(); ++i) {
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), tokens.Item(i));
+        unit->SetX(10 * i);
+        unit->SetY(20 * i);
+        unit->SetCaption(QStringLiteral("x%1").arg(i));
+        map.Units()->AddItem(unit);
+    }
+    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+    arrow->SetHeadX(40);
+    arrow->SetHeadY(50);
+    map.Arrows()->AddItem(arrow);
+    map.ReleaseLock();
+    writeSeed(out + "swap_file", QStringLiteral("units.swap"), fileBytes(map.SwapFile()));
+    return 0;
+}
