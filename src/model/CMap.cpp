@@ -243,10 +243,16 @@ void CMap::writeSwapFile()
         file.close();
         written = written && file.error() == QFileDevice::NoError;
     }
-    if (!written)
+    if (!written) {
+        // A short write on a full disk leaves no error of its own to quote.
+        const QString reason = file.error() == QFileDevice::NoError
+                                   ? QStringLiteral("not every byte could be written (is the "
+                                                    "disk full?)")
+                                   : file.errorString();
         throw KorvaneError(fileError, QStringLiteral("CMap.ReleaseLock"),
                            QStringLiteral("The swap file %1 cannot be written: %2")
-                               .arg(QDir::toNativeSeparators(m_swapFile), file.errorString()));
+                               .arg(QDir::toNativeSeparators(m_swapFile), reason));
+    }
     m_swapWritten = true;
     writtenSwapFiles().insert(m_swapFile);
 }

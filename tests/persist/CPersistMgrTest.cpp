@@ -601,7 +601,7 @@ TEST_F(PersistMgrTest, HostileFilesCostLittleTimeAndMemory)
         QString reason;
     } cases[] = {{"declared512.krf", declared512, "damaged"},
                  {"million.krf", million, "more than 250000 maps"},
-                 {"many.krf", emptyMaps(7, 32767, 10), QString()}};
+                 {"many.krf", emptyMaps(3, 32767, 10), QString()}};
     for (const auto& c : cases) {
         const QString path = home.WriteFile(QLatin1String(c.file), c.bytes);
         gui->Boxes.Boxes.clear();
