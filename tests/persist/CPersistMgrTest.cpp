@@ -624,7 +624,7 @@ TEST_F(PersistMgrTest, HostileFilesCostLittleTimeAndMemory)
             EXPECT_TRUE(gui->Boxes.Boxes[0].Text.contains(c.reason))
                 << gui->Boxes.Boxes[0].Text.toStdString();
         } else {
-            EXPECT_EQ(Root().Game()->GetMapCount(), 6 * 32767 + 10);
+            EXPECT_EQ(Root().Game()->GetMapCount(), 2 * 32767 + 10);
             EXPECT_EQ(units, 0);
             EXPECT_EQ(QDir(CUtility::GetCacheDir()).entryList({"*.tmp"}, QDir::Files),
                       QStringList())
