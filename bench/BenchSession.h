@@ -22,11 +22,14 @@ inline int RunBenchmarks(int argc, char** argv)
 }
 
 // Runs the registered benchmarks with a constructed root in a temporary home,
-// settings kept away from the user's, tracing off and the given context active.
-inline int RunBenchmarksWithRoot(int argc, char** argv,
-                                 std::shared_ptr<IGameContext> (*makeContext)())
+// settings kept away from the user's, tracing off and the given context
+// active; beforeRelease (if any) runs before the root goes. Application is
+// QApplication for benchmarks of windows.
+template <typename Application = QCoreApplication>
+int RunBenchmarksWithRoot(int argc, char** argv, std::shared_ptr<IGameContext> (*makeContext)(),
+                          void (*beforeRelease)() = nullptr)
 {
-    QCoreApplication app(argc, argv);
+    Application app(argc, argv);
     QTemporaryDir home;
     QTemporaryDir settings;
     QSettings::setDefaultFormat(QSettings::IniFormat);
@@ -42,6 +45,8 @@ inline int RunBenchmarksWithRoot(int argc, char** argv,
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+    if (beforeRelease)
+        beforeRelease();
     ReleaseRoot();
     return 0;
 }

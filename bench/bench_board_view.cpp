@@ -6,6 +6,7 @@
 // run, draws the same map with the board renderer into a picture of the
 // view's size: what showing the map costs without a scene.
 #include "BenchContext.h"
+#include "BenchSession.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -22,8 +23,6 @@
 #include <QFile>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -170,23 +169,10 @@ BENCHMARK(BM_DragStep)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    QTemporaryDir home;
-    QTemporaryDir settings;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
-    qputenv("KORVANE_HOME", home.path().toLocal8Bit());
-    qunsetenv("KORVANE_TRACE");
-
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->Constructor(nullptr);
-    root->SetContext(std::make_shared<BenchContext>(QSize(boardSide, boardSide), true));
-
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    scene().Board.reset();
-    ReleaseRoot();
-    return 0;
+    return RunBenchmarksWithRoot<QApplication>(
+        argc, argv,
+        []() -> std::shared_ptr<IGameContext> {
+            return std::make_shared<BenchContext>(QSize(boardSide, boardSide), true);
+        },
+        [] { scene().Board.reset(); });
 }
