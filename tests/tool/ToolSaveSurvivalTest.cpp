@@ -15,7 +15,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <functional>
+#include <limits>
 #include <random>
 
 #ifdef Q_OS_UNIX
@@ -75,18 +77,22 @@ TEST_F(ToolSaveSurvival, KilledResaveLeavesTheOldOrTheNewFileWhole)
     ASSERT_NE(oldBytes, newBytes);
     home.WriteFile(outputName, oldBytes);
 
-    // One whole run sets the window the kills fall into.
-    QElapsedTimer timer;
-    timer.start();
-    ASSERT_EQ(Tool({QStringLiteral("resave"), input, QStringLiteral("-o"), output}).Status, 0);
-    const qint64 wholeRun = timer.elapsed();
+    // The fastest of three whole runs sets the window the kills fall into, so
+    // a slow first run cannot put kills past the end of later ones.
+    qint64 wholeRun = std::numeric_limits<qint64>::max();
+    for (int run = 0; run < 3; ++run) {
+        QElapsedTimer timer;
+        timer.start();
+        ASSERT_EQ(Tool({QStringLiteral("resave"), input, QStringLiteral("-o"), output}).Status, 0);
+        wholeRun = std::min(wholeRun, timer.elapsed());
+    }
     ASSERT_EQ(home.ReadFile(outputName), newBytes);
 
     std::mt19937 random(20261122);
-    // Half the kills fall anywhere, half in the last fifth, where the game is
+    // Half the kills fall anywhere, half late in the run, where the game is
     // compressed and written.
-    std::uniform_int_distribution<qint64> anywhere(0, wholeRun);
-    std::uniform_int_distribution<qint64> late(wholeRun * 4 / 5, wholeRun);
+    std::uniform_int_distribution<qint64> anywhere(0, wholeRun * 9 / 10);
+    std::uniform_int_distribution<qint64> late(wholeRun * 7 / 10, wholeRun * 9 / 10);
     int cutShort = 0;
     for (int kill = 0; kill < 50; ++kill) {
         home.WriteFile(outputName, oldBytes);
