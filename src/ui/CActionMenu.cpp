@@ -3,7 +3,6 @@
 #include "actions/CActionMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
-#include "ui/CMapState.h"
 
 #include <QAction>
 #include <QMenu>
@@ -37,27 +36,20 @@ void CActionMenu::Refresh()
     SetCaption(m_redo,
                redo ? QStringLiteral("&Redo ") + redo->Caption() : QStringLiteral("Can't Redo"));
     // Custom actions change the map, which a frozen group or map refuses.
-    const bool frozen = CMapState::ActiveFrozen();
     for (QAction* item : m_custom)
-        item->setEnabled(!frozen && Root().Game() != nullptr);
+        item->setEnabled(ModuleCommandsUsable());
 }
 
 void CActionMenu::rebuildCustom()
 {
     const std::shared_ptr<IGameContext>& context = Root().Context();
-    const std::int32_t count = context ? context->CustomActions().Count() : 0;
-    for (int i = 0; i < CustomCount; ++i) {
-        const bool shown = i < count;
-        m_custom[i]->setVisible(shown);
-        m_custom[i]->setText(shown ? context->CustomActions().Item(i + 1)->Caption() : QString());
-    }
+    ShowEntries(m_custom, context ? &context->CustomActions() : nullptr);
 }
 
 void CActionMenu::runCustom(int index)
 {
     const std::shared_ptr<IGameContext>& context = Root().Context();
-    if (!context || !Root().Game() || CMapState::ActiveFrozen() ||
-        index >= context->CustomActions().Count())
+    if (!context || !ModuleCommandsUsable() || index >= context->CustomActions().Count())
         return;
     Root().ActionMgr().Execute(context->CustomActions().Item(index + 1));
 }

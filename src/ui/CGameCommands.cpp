@@ -141,9 +141,11 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     }
     if (!loaded) {
         root.SetGame(previousGame);
-        if (previousContext && root.Context() != previousContext)
+        // Windows that followed the other module show the kept game again.
+        if (previousContext && root.Context() != previousContext) {
             MMain::SwitchContext(previousContext);
-        root.EventMgr().NotifyOfNewGame(nullptr);
+            root.EventMgr().NotifyOfNewGame(nullptr);
+        }
         return false;
     }
     const std::shared_ptr<CGame> game = root.Game();

@@ -1,6 +1,8 @@
 #include "CMenuHandler.h"
 
+#include "core/CKorvane.h"
 #include "ui/CCommandGuard.h"
+#include "ui/CMapState.h"
 
 #include <QAction>
 #include <QMenu>
@@ -35,4 +37,9 @@ void CMenuHandler::SetCaption(QAction* item, const QString& caption)
 {
     item->setText(caption);
     item->setEnabled(!caption.startsWith(QLatin1String("Can't")));
+}
+
+bool CMenuHandler::ModuleCommandsUsable()
+{
+    return Root().Game() && !CMapState::ActiveFrozen();
 }

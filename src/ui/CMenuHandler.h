@@ -2,12 +2,13 @@
 
 #include "model/IGameEventListener.h"
 
+#include <QAction>
 #include <QObject>
 #include <QString>
 
 #include <functional>
+#include <span>
 
-class QAction;
 class QMenu;
 
 // A top-level menu of the main window and the object that answers it: it
@@ -31,6 +32,21 @@ protected:
     // the event loop.
     QAction* AddItem(const QString& name, const QString& caption, std::function<void()> onClick);
     QAction* AddSeparator(const QString& name);
+    // The module's own commands: item n shows entry n of entries (the
+    // context's actions or tools, null when there is no context) and the
+    // items past the last entry are hidden.
+    template <typename Entries>
+    static void ShowEntries(std::span<QAction* const> items, const Entries* entries)
+    {
+        const int count = entries ? entries->Count() : 0;
+        for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+            items[i]->setVisible(i < count);
+            items[i]->setText(i < count ? entries->Item(i + 1)->Caption() : QString());
+        }
+    }
+    // Whether a command of the module may run: a game is open and its shown
+    // map may be changed.
+    static bool ModuleCommandsUsable();
     // Sets a caption; an item whose caption starts "Can't" is disabled.
     static void SetCaption(QAction* item, const QString& caption);
 

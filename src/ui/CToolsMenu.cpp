@@ -8,7 +8,6 @@
 #include "core/CUtility.h"
 #include "core/FMessageBox.h"
 #include "core/FOpenFileDlg.h"
-#include "ui/CMapState.h"
 
 #include <QAction>
 #include <QMenu>
@@ -29,27 +28,20 @@ CToolsMenu::CToolsMenu(QMenu* menu)
 
 void CToolsMenu::Refresh()
 {
-    const bool usable = Root().Game() && !CMapState::ActiveFrozen();
     for (QAction* item : m_custom)
-        item->setEnabled(usable);
+        item->setEnabled(ModuleCommandsUsable());
 }
 
 void CToolsMenu::rebuildCustom()
 {
     const std::shared_ptr<IGameContext>& context = Root().Context();
-    const std::int32_t count = context ? context->CustomTools().Count() : 0;
-    for (int i = 0; i < CustomCount; ++i) {
-        const bool shown = i < count;
-        m_custom[i]->setVisible(shown);
-        m_custom[i]->setText(shown ? context->CustomTools().Item(i + 1)->Caption() : QString());
-    }
+    ShowEntries(m_custom, context ? &context->CustomTools() : nullptr);
 }
 
 void CToolsMenu::runCustom(int index)
 {
     const std::shared_ptr<IGameContext>& context = Root().Context();
-    if (!context || !Root().Game() || CMapState::ActiveFrozen() ||
-        index >= context->CustomTools().Count())
+    if (!context || !ModuleCommandsUsable() || index >= context->CustomTools().Count())
         return;
     context->CustomTools().Item(index + 1)->Invoke();
 }

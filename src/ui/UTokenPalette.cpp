@@ -9,7 +9,6 @@
 #include <QDrag>
 #include <QListWidget>
 #include <QMimeData>
-#include <QScopedValueRollback>
 #include <QToolBox>
 
 namespace {
@@ -91,6 +90,12 @@ void UTokenPalette::Rebuild()
     }
 }
 
+QString UTokenPalette::DragTokenId() const
+{
+    const CDragDropMgr& manager = Root().DragDropMgr();
+    return manager.DragSource() == CDragDropMgr::Source::Palette ? manager.DraggedId() : QString();
+}
+
 void UTokenPalette::DragToken(const QString& tokenId)
 {
     const std::shared_ptr<IGameContext>& context = Root().Context();
@@ -111,7 +116,6 @@ void UTokenPalette::DragToken(const QString& tokenId)
             }
         }
     }
-    const QScopedValueRollback<QString> dragging(m_dragTokenId, tokenId);
     CDragDropMgr& manager = Root().DragDropMgr();
     manager.StartDrag(CDragDropMgr::Source::Palette, tokenId, nullptr);
     drag->exec(Qt::CopyAction);

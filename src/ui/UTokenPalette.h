@@ -19,12 +19,12 @@ public:
 
     // Reads the active context's tokens again.
     void Rebuild();
-    // The token being dragged from the palette, "" when none.
-    const QString& DragTokenId() const { return m_dragTokenId; }
+    // The token being dragged from the palette, "" when none; the drag state
+    // itself is the drag-and-drop manager's.
+    QString DragTokenId() const;
     // Drags a token to wherever the user drops it; returns when the drag ends.
     void DragToken(const QString& tokenId);
 
 private:
     QToolBox* m_pages;
-    QString m_dragTokenId;
 };
