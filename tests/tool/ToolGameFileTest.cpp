@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 namespace {
 
@@ -37,26 +38,6 @@ protected:
         game->SwitchTo(second);
         return game;
     }
-
-    // The value with every "id" taken out, each checked to be an identifier.
-    static QJsonValue withoutIds(const QJsonValue& value)
-    {
-        if (value.isArray()) {
-            QJsonArray array;
-            for (const QJsonValue& item : value.toArray())
-                array.append(withoutIds(item));
-            return array;
-        }
-        if (!value.isObject())
-            return value;
-        QJsonObject object = value.toObject();
-        if (object.contains(QStringLiteral("id"))) {
-            EXPECT_EQ(object.take(QStringLiteral("id")).toString().size(), 32);
-        }
-        for (auto it = object.begin(); it != object.end(); ++it)
-            *it = withoutIds(*it);
-        return object;
-    }
 };
 
 } // namespace
@@ -64,9 +45,11 @@ protected:
 TEST_F(ToolGameFile, DumpWritesTheWholeGameAsJson)
 {
     const auto game = campaign();
-    const ToolRun run = Tool({QStringLiteral("dump"), Save(*game, QStringLiteral("war.krf"))});
+    ToolRun run = Tool({QStringLiteral("dump"), Save(*game, QStringLiteral("war.krf"))});
     ASSERT_EQ(run.Status, 0) << run.Err.toStdString();
     EXPECT_EQ(run.Json()["game"]["id"], QJsonValue(game->Id()));
+    // Every identifier is taken out; one that is not 32 hex digits stays and fails the comparison.
+    run.Out.remove(QRegularExpression(QStringLiteral("\"id\": \"[0-9A-F]{32}\",\\s*")));
     // Reading makes the last group active, and in every group its last map;
     // maps that are not active are read back from their swap files.
     const QJsonDocument expected = QJsonDocument::fromJson(R"({"context": "krm_war_v1", "game": {
@@ -83,36 +66,28 @@ TEST_F(ToolGameFile, DumpWritesTheWholeGameAsJson)
                     "data": "", "hasMoved": false}],
          "arrows": [{"tailX": 10, "tailY": 20, "headX": 110, "headY": 120, "color": 255}]}]}]}})");
     ASSERT_TRUE(expected.isObject());
-    EXPECT_EQ(withoutIds(run.Json()), QJsonValue(expected.object()));
+    EXPECT_EQ(run.Json(), QJsonValue(expected.object()));
 }
 
 TEST_F(ToolGameFile, InfoSummarisesResaveKeepsTheBytesAndNewSavesTheDefaultGame)
 {
     const QString path = Save(*campaign(), QStringLiteral("war.krf"));
+    const QByteArray bytes = home.ReadFile(QStringLiteral("war.krf"));
     const ToolRun run = Tool({QStringLiteral("info"), path});
     ASSERT_EQ(run.Status, 0) << run.Err.toStdString();
-    const QStringList lines = run.Out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const char* line :
-         {"Context: krm_war_v1", "Name: Campaign", "Groups: 2", "Maps: 3", "Units: 3", "Arrows: 1"})
-        EXPECT_TRUE(lines.contains(QLatin1String(line))) << line;
-
-    const QByteArray bytes = home.ReadFile(QStringLiteral("war.krf"));
     CGameFile::Header header;
     ASSERT_TRUE(CGameFile::ReadHeader(bytes, header, nullptr));
-    EXPECT_TRUE(lines.contains(QStringLiteral("Body size: %1 bytes").arg(header.BodyLength)));
-    // The zlib stream without the padding after it.
-    const int compressed =
-        lines.filter(QStringLiteral("Compressed size: ")).value(0).section(' ', 2, 2).toInt();
-    EXPECT_GT(compressed, bytes.size() - header.BodyOffset - 4);
-    EXPECT_LE(compressed, bytes.size() - header.BodyOffset);
+    const QStringList lines = run.Out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line :
+         {QStringLiteral("Context: krm_war_v1"), QStringLiteral("Name: Campaign"),
+          QStringLiteral("Groups: 2"), QStringLiteral("Maps: 3"), QStringLiteral("Units: 3"),
+          QStringLiteral("Arrows: 1"),
+          QStringLiteral("Body size: %1 bytes").arg(header.BodyLength)})
+        EXPECT_TRUE(lines.contains(line)) << line.toStdString();
 
-    // Resave gives identical bytes.
-    const QString copy = home.File(QStringLiteral("copy.krf"));
-    ASSERT_EQ(Tool({QStringLiteral("resave"), path, QStringLiteral("-o"), copy}).Status, 0);
-    EXPECT_EQ(home.ReadFile(QStringLiteral("copy.krf")), home.ReadFile(QStringLiteral("war.krf")));
-    // A file may be saved over itself.
-    ASSERT_EQ(Tool({QStringLiteral("resave"), copy, QStringLiteral("--output"), copy}).Status, 0);
-    EXPECT_EQ(home.ReadFile(QStringLiteral("copy.krf")), home.ReadFile(QStringLiteral("war.krf")));
+    // Saved over itself, a game keeps its bytes.
+    ASSERT_EQ(Tool({QStringLiteral("resave"), path, QStringLiteral("--output"), path}).Status, 0);
+    EXPECT_EQ(home.ReadFile(QStringLiteral("war.krf")), bytes);
 
     // The module names no initial game: a new game is one empty map "Start".
     const QString fresh = home.File(QStringLiteral("fresh.krf"));
@@ -127,9 +102,10 @@ TEST_F(ToolGameFile, InfoSummarisesResaveKeepsTheBytesAndNewSavesTheDefaultGame)
     EXPECT_TRUE(unknown.Err.contains(QStringLiteral("'krm_no_v1'"))) << unknown.Err.toStdString();
 }
 
+// The reasons themselves are the reader's, tested with it; the tool adds the
+// status, the one line naming the file, and an output left alone.
 TEST_F(ToolGameFile, DamagedOrForeignGamesFailWithoutTouchingTheOutput)
 {
-    const QByteArray good = CGameFile::ToBytes(*campaign(), QStringLiteral("krm_war_v1"));
     const QString output = home.WriteFile(QStringLiteral("out.krf"), "keep me");
     const struct
     {
@@ -138,20 +114,17 @@ TEST_F(ToolGameFile, DamagedOrForeignGamesFailWithoutTouchingTheOutput)
         const char* Reason;
     } cases[] = {
         {"notes.krf", "Attack at dawn.", "it is not a Korvane game file"},
-        {"truncated.krf", good.left(good.size() / 2), "damaged"},
         {"foreign.krf", CGameFile::ToBytes(*campaign(), QStringLiteral("krm_far_v3")),
          "krm_far_v3"},
     };
     for (const auto& c : cases) {
         const QString path = home.WriteFile(QLatin1String(c.Name), c.Bytes);
-        for (const QString& command : {QStringLiteral("resave"), QStringLiteral("render")}) {
-            const ToolRun run = Tool({command, path, QStringLiteral("-o"), output});
-            EXPECT_EQ(run.Status, 1) << c.Name;
-            EXPECT_EQ(run.ErrLines().size(), 1) << run.Err.toStdString();
-            EXPECT_TRUE(run.Err.startsWith(QStringLiteral("korvane-tool: ") + path + ": "))
-                << run.Err.toStdString();
-            EXPECT_TRUE(run.Err.contains(QLatin1String(c.Reason))) << run.Err.toStdString();
-        }
+        const ToolRun run = Tool({QStringLiteral("resave"), path, QStringLiteral("-o"), output});
+        EXPECT_EQ(run.Status, 1) << c.Name;
+        EXPECT_EQ(run.ErrLines().size(), 1) << run.Err.toStdString();
+        EXPECT_TRUE(run.Err.startsWith(QStringLiteral("korvane-tool: ") + path + ": "))
+            << run.Err.toStdString();
+        EXPECT_TRUE(run.Err.contains(QLatin1String(c.Reason))) << run.Err.toStdString();
     }
     EXPECT_EQ(home.ReadFile(QStringLiteral("out.krf")), QByteArray("keep me"));
 }

@@ -4,9 +4,9 @@
 #include "tool/ToolTestSupport.h"
 
 #include "contexts/CResFileWriter.h"
+#include "support/PackEdit.h"
 
 #include <QElapsedTimer>
-#include <QtEndian>
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
@@ -30,32 +30,11 @@ constexpr qint64 MaxMilliseconds = 2000;
 constexpr long MaxKilobytes = 200 * 1024;
 #endif
 
-QByteArray le32(std::uint32_t value)
-{
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes;
-}
-
 QByteArray packWithDefinition(const QByteArray& definition)
 {
     CResFileWriter writer;
     writer.AddEntry(QStringLiteral("module.def"), definition);
     return writer.ToBytes();
-}
-
-// A pack header and zlib-compressed directory of exactly these bytes, then data.
-QByteArray packWithDirectory(const QByteArray& directory, std::uint32_t claimedLength,
-                             const QByteArray& data = QByteArray())
-{
-    const QByteArray stored = qCompress(directory, 9).mid(4); // qCompress prefixes a length
-    return le32(claimedLength) + le32(static_cast<std::uint32_t>(stored.size())) + stored + data;
-}
-
-QByteArray directoryEntry(const QByteArray& name, std::uint32_t position, std::uint32_t stored,
-                          std::uint32_t unpacked)
-{
-    return char(name.size()) + name + le32(position) + le32(stored) + le32(unpacked);
 }
 
 QByteArray laughs()
@@ -86,18 +65,13 @@ struct HostileCase
     const char* Message;
 };
 
-class ToolHostileInput : public ToolFixture
-{};
+using ToolHostileInput = ToolFixture;
 
 TEST_F(ToolHostileInput, HostileFilesAreRefusedQuicklyInLittleMemory)
 {
     const HostileCase cases[] = {
         {"entity expansion in module.def", "laughs.krm", packWithDefinition(laughs()),
          "check-module", "module.def: line 1: "},
-        {"external entity in module.def", "external.krm",
-         packWithDefinition("<?xml version=\"1.0\"?>\n<!DOCTYPE module_def [<!ENTITY x SYSTEM "
-                            "\"/etc/passwd\">]>\n<module_def>&x;</module_def>\n"),
-         "check-module", "DOCTYPE of its own"},
         {"deep nesting in module.def", "deep.krm", packWithDefinition(deepNesting(200000)),
          "check-module", "module.def: "},
         {"module.def larger than any real one", "huge.krm",
@@ -105,16 +79,16 @@ TEST_F(ToolHostileInput, HostileFilesAreRefusedQuicklyInLittleMemory)
                             "-->\n<module_def/>\n"),
          "check-module", "too large for a module definition"},
         {"pack claiming five million entries", "millions.krm",
-         packWithDirectory(le32(5000000) + directoryEntry("a", 64, 0, 0), 4 + 14), "check-module",
+         RawPack(5000000, {{"a", 64, 0, 0}}, {}), "check-module",
          "impossible entry count of 5000000"},
-        {"pack directory claiming 2 GiB", "bigdir.krm", packWithDirectory(le32(0), 0x7FFFFFFF),
-         "check-module", "impossible length"},
+        {"pack directory claiming 2 GiB", "bigdir.krm",
+         QByteArray("\xff\xff\xff\x7f", 4) + RawPack(0, {}, {}).mid(4), "check-module",
+         "impossible length"},
         {"pack entry claiming 2 GiB", "bigentry.krm",
-         packWithDirectory(le32(1) + directoryEntry("module.def", 35, 4, 0x7FFFFFFF), 4 + 23,
-                           "abcd"),
-         "check-module", "impossible length"},
+         RawPack(1, {{"module.def", 60, 4, 0x7FFFFFFF}}, QByteArray(300, 'x')), "check-module",
+         "impossible length"},
         {"game declaring a 2 GiB body", "big.krf",
-         QByteArray("KR01\x0akrm_war_v1", 15) + le32(0x7FFFFFFF) +
+         QByteArray("KR01\x0akrm_war_v1\xff\xff\xff\x7f", 19) +
              QByteArray::fromHex("789c03000000000100"),
          "info", "cannot be right"},
     };

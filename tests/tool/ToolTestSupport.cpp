@@ -34,7 +34,8 @@ QJsonValue ToolRun::Json() const
     return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
 }
 
-std::unique_ptr<QProcess> StartTool(const QStringList& arguments)
+std::unique_ptr<QProcess> StartTool(const QStringList& arguments,
+                                    const std::function<void()>& prepare)
 {
     static QTemporaryDir settings;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -43,6 +44,10 @@ std::unique_ptr<QProcess> StartTool(const QStringList& arguments)
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), settings.path());
     auto process = std::make_unique<QProcess>();
     process->setProcessEnvironment(environment);
+#ifdef Q_OS_UNIX
+    if (prepare)
+        process->setChildProcessModifier(prepare);
+#endif
     process->start(QStringLiteral(KORVANE_TOOL_PATH), arguments);
     return process;
 }

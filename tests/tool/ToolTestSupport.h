@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 class CArrow;
@@ -38,8 +39,10 @@ struct ToolRun
 // Runs the built korvane-tool with exactly these arguments, without a
 // display and with settings kept in a temporary folder.
 ToolRun RunTool(const QStringList& arguments);
-// The same in two steps, for runs side by side.
-std::unique_ptr<QProcess> StartTool(const QStringList& arguments);
+// The same in two steps, for runs side by side; prepare runs in the child
+// before the tool starts.
+std::unique_ptr<QProcess> StartTool(const QStringList& arguments,
+                                    const std::function<void()>& prepare = {});
 ToolRun FinishTool(QProcess& process);
 
 // A home holding the module "War Game" (modules/war.krm: a quantity token
