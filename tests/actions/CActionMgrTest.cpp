@@ -1,6 +1,5 @@
 #include "actions/CActionMgr.h"
 #include "actions/CActionGroup.h"
-#include "core/CDebug.h"
 #include "core/CKorvane.h"
 #include "support/RootFixture.h"
 
@@ -138,21 +137,6 @@ TEST_F(CActionMgrTest, GroupExecutesInOrderReversesBackwardsAndChainsOnlyWhenAll
     EXPECT_FALSE(group->CanChain(*make(QStringLiteral("other"), QStringLiteral("z"))));
 
     group->AddAction(make(QStringLiteral("irreversible"), QString(), false));
-    EXPECT_FALSE(group->Reversable());
     group->AddAction(make(QStringLiteral("again")));
     EXPECT_FALSE(group->Reversable());
-}
-
-TEST_F(CActionMgrTest, ExecuteWritesItsChainTraceLines)
-{
-    Root().Trace().SetEnabled(true);
-    mgr().Execute(make(QStringLiteral("a"), QStringLiteral("k")));
-    mgr().Execute(make(QStringLiteral("b"), QStringLiteral("k")));
-    Root().Trace().SetEnabled(false);
-
-    const QString text = QString::fromUtf8(home.ReadFile(QStringLiteral("debug.txt")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\tTesting For Chain\n\tCannot Chain\n"
-                                             "\tExecuting Action LoggingAction\n\tUndoPos=1\n")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\tTesting For Chain\n\tCanChain\n\tDid Chain\n"
-                                             "\tExecuting Action LoggingAction\n\tUndoPos=1\n")));
 }

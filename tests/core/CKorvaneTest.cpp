@@ -53,10 +53,16 @@ protected:
 
 } // namespace
 
-TEST_F(Korvane, TraceWritesExactLinesIndentedByDepth)
+TEST_F(Korvane, TraceWritesExactLinesIndentedByDepthAndNothingWhileDisabled)
 {
-    EXPECT_EQ(text(), QByteArray());
     CDebug& trace = Root().Trace();
+    {
+        CTraceScope scope("Quiet", "CGame");
+        scope.Denote(u"hidden"_s);
+        trace.EnterMethod("Direct", "CGame");
+    }
+    EXPECT_EQ(trace.Depth(), 0);
+    EXPECT_EQ(text(), QByteArray()) << "the old run's trace is gone";
     trace.SetEnabled(true);
     trace.SetEnabled(true);
     {
@@ -72,30 +78,16 @@ TEST_F(Korvane, TraceWritesExactLinesIndentedByDepth)
             throw KorvaneError(5, u"CGame.RestoreFrom"_s, u"bad"_s);
         },
         KorvaneError); // the guard unwinds the depth
-    trace.SetEnabled(false);
-    trace.SetEnabled(false);
-    EXPECT_EQ(text(), "[Debug Enabled]\n[Enter Method] CGame.Outer >>>\n\t3 maps\n"
-                      "\t[Enter Method] CMap.Inner >>>\n\t\t[Enter Method] CUnit.Raw >>>\n"
-                      "\t\t<<<[Exit Method]\n\t<<<[Exit Method]\n<<<[Exit Method]\n"
-                      "[Enter Method] CPersistMgr.Load >>>\n<<<[Exit Method]\n[Debug Disabled]\n");
-}
-
-TEST_F(Korvane, DisabledTraceWritesNothingAndKeepsDepth)
-{
-    CDebug& trace = Root().Trace();
-    {
-        CTraceScope scope("Quiet", "CGame");
-        scope.Denote(u"hidden"_s);
-        trace.EnterMethod("Direct", "CGame");
-    }
-    EXPECT_EQ(trace.Depth(), 0);
-    EXPECT_EQ(text(), QByteArray());
-    trace.SetEnabled(true);
     trace.EnterMethod("Open", "CPersistMgr");
+    trace.SetEnabled(false);
     trace.SetEnabled(false);
     trace.ExitMethod();
     EXPECT_EQ(trace.Depth(), 1);
-    EXPECT_EQ(text(), "[Debug Enabled]\n[Enter Method] CPersistMgr.Open >>>\n\t[Debug Disabled]\n");
+    EXPECT_EQ(text(), "[Debug Enabled]\n[Enter Method] CGame.Outer >>>\n\t3 maps\n"
+                      "\t[Enter Method] CMap.Inner >>>\n\t\t[Enter Method] CUnit.Raw >>>\n"
+                      "\t\t<<<[Exit Method]\n\t<<<[Exit Method]\n<<<[Exit Method]\n"
+                      "[Enter Method] CPersistMgr.Load >>>\n<<<[Exit Method]\n"
+                      "[Enter Method] CPersistMgr.Open >>>\n\t[Debug Disabled]\n");
 }
 
 TEST_F(Korvane, ShutdownTasksRunOnceInOrderBeforeServicesGo)

