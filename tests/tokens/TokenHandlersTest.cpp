@@ -47,19 +47,4 @@ TEST_F(TokenHandlers, aDismissedMenuChangesNothingWhateverKeyItStillReports)
     EXPECT_EQ(menuOf(board()->Units()->Item(3)), QStringList{"&Delete|DELETE"});
 }
 
-class TokensWithoutGui : public GameFixture
-{
-protected:
-    std::unique_ptr<CGui> MakeGui() override { return nullptr; }
-};
-
-TEST_F(TokensWithoutGui, rightClicksShowNothingAndRecordNothing)
-{
-    for (const char* id : {"INF", "TANK", "ARROW", "MARK", "NOTE"}) {
-        const auto unit = put(QLatin1String(id), 1, 1, QStringLiteral("3"));
-        unit->Token()->HandleRightClick(unit);
-    }
-    EXPECT_EQ(mgr().Actions().Count(), 0);
-}
-
 } // namespace
