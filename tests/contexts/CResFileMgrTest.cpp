@@ -187,7 +187,6 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
         {"entry before the data", RawPack(1, {{"a", 2, 4, 4}}, payload)},
         {"negative position", RawPack(1, {{"a", -8, 4, 4}}, payload)},
         {"name leading up", RawPack(2, {{"b", 60, 4, 4}, {"../x", 60, 4, 4}}, payload)},
-        {"name that is ..", RawPack(1, {{"..", 60, 4, 4}}, payload)},
         {"name leading up behind", RawPack(1, {{"a\\..\\..\\b", 60, 4, 4}}, payload)},
         {"inflates too far", RawPack(1, {{"a", 60, 4, 100000}}, payload)},
     };
@@ -212,35 +211,4 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
     CResFileMgr missing(home.File(QStringLiteral("modules")), QStringLiteral("none.krm"));
     EXPECT_FALSE(missing.IsOpen());
     EXPECT_THROW(missing.Entry(1), KorvaneError);
-}
-
-TEST_F(ResFileTest, OddEntriesAreIgnoredAloneAndPaddedPacksStillRead)
-{
-    // The raw entries' data starts some way after the directory, as older
-    // writers padded it.
-    CResFileWriter writer;
-    writer.AddEntry(QStringLiteral("first.txt"), "kept");
-    home.WriteFile(QStringLiteral("modules/odd.krm"),
-                   AppendRawEntries(writer.ToBytes(), {{"notes..txt", "good"},
-                                                       {"img\\x.bmp", "good"},
-                                                       {"Good.png", "good"},
-                                                       {"", "BAD!"},
-                                                       {"GOOD.PNG", "dupe"},
-                                                       {"sub/dir.png", "BAD!"}}));
-
-    CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("odd.krm"));
-    ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
-    ASSERT_EQ(pack.EntryCount(), 2);
-    QByteArray data;
-    ASSERT_TRUE(pack.ReadEntry(QStringLiteral("first.txt"), data));
-    EXPECT_EQ(data, QByteArray("kept"));
-    ASSERT_TRUE(pack.ReadEntry(QStringLiteral("good.png"), data));
-    EXPECT_EQ(data, QByteArray("good")) << "the first of two like-named entries wins";
-    QStringList ignored;
-    for (const CResFileIgnoredEntry& entry : pack.IgnoredEntries())
-        ignored << entry.Name;
-    EXPECT_EQ(ignored, (QStringList{"notes..txt", "img\\x.bmp", "", "good.png", "sub/dir.png"}));
-    QString out;
-    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("notes..txt"), -1, out));
-    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("sub/dir.png"), -1, out));
 }
