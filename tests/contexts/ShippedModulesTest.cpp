@@ -17,8 +17,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace {
 
 // The packs the build made, installed into a fresh home.
@@ -94,10 +92,6 @@ TEST_F(ShippedModulesTest, BothAreListedAndChessOpensWithEveryPieceInItsOwnSquar
         contexts.Context(contexts.PosOfContext("krm_chess_by_tavrelstudio_v1"));
     const std::shared_ptr<CGame> game = newGame(chess);
     ASSERT_EQ(chess->Tokens().Count(), 12);
-    for (const auto& token : chess->Tokens()) {
-        EXPECT_EQ(token->Class(), QStringLiteral("CEmptyToken"));
-        EXPECT_EQ(token->Category(), token->Id().startsWith('w') ? "White" : "Black");
-    }
     expectPictures(*chess);
     ASSERT_TRUE(game);
     const std::shared_ptr<CMap> opening = onlyMap(*game);
@@ -127,18 +121,13 @@ TEST_F(ShippedModulesTest, BothAreListedAndChessOpensWithEveryPieceInItsOwnSquar
     EXPECT_EQ(squares.size(), 32);
 }
 
-TEST_F(ShippedModulesTest, SkirmishUsesEveryTokenKindAndPlacesItsUnits)
+TEST_F(ShippedModulesTest, SkirmishOpensWithEachSideOnItsOwnHalfOfTheBoard)
 {
     const std::shared_ptr<IGameContext> skirmish = Root().ContextMgr().Context(1);
     const std::shared_ptr<CGame> game = newGame(skirmish);
     // Saved games name the module by this id.
     EXPECT_EQ(skirmish->Id(), QStringLiteral("krm_border_skirmish_by_korvane_v1"));
     expectPictures(*skirmish);
-    std::set<QString> kinds;
-    for (const auto& token : skirmish->Tokens())
-        kinds.insert(token->Class());
-    EXPECT_EQ(kinds, (std::set<QString>{"CArrowToken", "CEmptyToken", "CNumericToken",
-                                        "CQuantityToken", "CTextToken"}));
 
     ASSERT_TRUE(game);
     const std::shared_ptr<CMap> map = onlyMap(*game);
