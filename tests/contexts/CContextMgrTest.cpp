@@ -186,12 +186,6 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     TestModule noDefinition;
     noDefinition.WithDefinition = false;
     module(QStringLiteral("nodef.krm"), noDefinition);
-    CResFileWriter newer;
-    newer.AddEntry(QStringLiteral("module.def"), TestModule::Titled("newer", "Newer")
-                                                     .Definition()
-                                                     .replace(QStringLiteral(">1.0<"), ">99.0<")
-                                                     .toUtf8());
-    newer.Write(home.File(QStringLiteral("modules/newer.krm")));
     CResFileWriter broken;
     broken.AddEntry(QStringLiteral("module.def"), "<module_def format_version=\"1\"><game_info>");
     QDir().mkpath(home.File(QStringLiteral("usermods")));

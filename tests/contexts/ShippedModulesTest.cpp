@@ -52,15 +52,12 @@ protected:
         return group->ActiveMap();
     }
 
+    // Some pixel of the picture is not wholly transparent.
     static bool drawsSomething(const QImage& image)
     {
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (qAlpha(image.pixel(x, y)) > 0)
-                    return true;
-            }
-        }
-        return false;
+        QImage clear(image.size(), QImage::Format_Alpha8);
+        clear.fill(0);
+        return !image.isNull() && image.convertToFormat(QImage::Format_Alpha8) != clear;
     }
 
     // Every token has a visible picture in the palette and drag lists.
