@@ -17,7 +17,6 @@
 #include "tokens/IToken.h"
 
 #include <QDir>
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -186,15 +185,9 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     TestModule noDefinition;
     noDefinition.WithDefinition = false;
     module(QStringLiteral("nodef.krm"), noDefinition);
-    CResFileWriter broken;
-    broken.AddEntry(QStringLiteral("module.def"), "<module_def format_version=\"1\"><game_info>");
-    QDir().mkpath(home.File(QStringLiteral("usermods")));
-    broken.Write(home.File(QStringLiteral("usermods/broken.udm")));
-    QByteArray noise(4096, Qt::Uninitialized);
-    QRandomGenerator generator(42);
-    for (char& b : noise)
-        b = static_cast<char>(generator.bounded(256));
-    home.WriteFile(QStringLiteral("modules/noise.krm"), noise);
+    home.WriteFile(QStringLiteral("usermods/broken.udm"),
+                   EditPack(TestModule().Pack(), {{"module.def", "<module_def><game_info>"}}));
+    home.WriteFile(QStringLiteral("modules/noise.krm"), "not a pack at all");
     QDir().mkpath(home.File(QStringLiteral("modules/folder.krm")));
     home.WriteFile(QStringLiteral("modules/readme.txt"), "not a module");
     module(QStringLiteral("good.krm"), TestModule::Titled("good", "Good"));

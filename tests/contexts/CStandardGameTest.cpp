@@ -63,6 +63,8 @@ protected:
         move.Drag = QStringLiteral("move_d.png");
         move.Unit = QStringLiteral("move_u.png");
         move.Extra = QStringLiteral("<line_html_color>#00FF00</line_html_color>");
+        move.Left = 1;
+        move.Width = 3;
         TestToken turn(QStringLiteral("turn"), QStringLiteral("Numeric"),
                        QStringLiteral("Markers"));
         turn.Pallet = QStringLiteral("shared.PNG");
@@ -123,7 +125,8 @@ TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardFromTheDefinition)
     EXPECT_EQ(lines, (QStringList{
                          "inf|CQuantityToken|1|Land|Infantry||inf|36x36|2,3,20,36",
                          "note|CTextToken|2|Land|note|Hold the line|note|36x36|0,0,36,36",
-                         // Arrow tokens keep their own small region, centred.
+                         // Arrow tokens keep their own small square, centred, whatever
+                         // region the definition gives.
                          "move|CArrowToken|3|Markers|move|#00FF00|move|36x36|14,14,8,8",
                          "turn|CNumericToken|4|Markers|turn||turn|36x36|0,0,36,36",
                          "flag|CEmptyToken|5|Markers|flag||flag|36x36|0,0,5,0",

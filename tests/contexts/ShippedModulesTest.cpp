@@ -43,15 +43,6 @@ protected:
         return context->CreateDefaultGame();
     }
 
-    static std::shared_ptr<CMap> onlyMap(const CGame& game)
-    {
-        EXPECT_EQ(game.MapGroups().Count(), 1);
-        const std::shared_ptr<CMapGroup> group = game.ActiveMapGroup();
-        if (!group || group->Maps().Count() != 1 || !group->ActiveMap())
-            return nullptr;
-        return group->ActiveMap();
-    }
-
     // Some pixel of the picture is not wholly transparent.
     static bool drawsSomething(const QImage& image)
     {
@@ -90,9 +81,9 @@ TEST_F(ShippedModulesTest, BothAreListedAndChessOpensWithEveryPieceInItsOwnSquar
     const std::shared_ptr<CGame> game = newGame(chess);
     ASSERT_EQ(chess->Tokens().Count(), 12);
     expectPictures(*chess);
-    ASSERT_TRUE(game);
-    const std::shared_ptr<CMap> opening = onlyMap(*game);
-    ASSERT_TRUE(opening && opening->Units());
+    ASSERT_TRUE(game && game->MapGroups().Count() == 1 &&
+                game->ActiveMapGroup()->Maps().Count() == 1);
+    const std::shared_ptr<CMap> opening = game->ActiveMapGroup()->ActiveMap();
     ASSERT_EQ(opening->Units()->Count(), 32);
     ASSERT_EQ(QSize(chess->MapWidth(), chess->MapHeight()), QSize(400, 400));
 
@@ -126,9 +117,9 @@ TEST_F(ShippedModulesTest, SkirmishOpensWithEachSideOnItsOwnHalfOfTheBoard)
     EXPECT_EQ(skirmish->Id(), QStringLiteral("krm_border_skirmish_by_korvane_v1"));
     expectPictures(*skirmish);
 
-    ASSERT_TRUE(game);
-    const std::shared_ptr<CMap> map = onlyMap(*game);
-    ASSERT_TRUE(map && map->Units());
+    ASSERT_TRUE(game && game->MapGroups().Count() == 1 &&
+                game->ActiveMapGroup()->Maps().Count() == 1);
+    const std::shared_ptr<CMap> map = game->ActiveMapGroup()->ActiveMap();
     EXPECT_EQ(game->Name() + '|' + map->Name(), QStringLiteral("Border Skirmish|Turn 1"));
     ASSERT_EQ(map->Units()->Count(), 11);
     for (const auto& unit : *map->Units()) {

@@ -19,10 +19,6 @@ protected:
     {
         return unit.Data() + QLatin1Char('/') + unit.Caption();
     }
-    static QString place(const CUnit& unit)
-    {
-        return QStringLiteral("%1,%2").arg(unit.x()).arg(unit.y());
-    }
 };
 
 TEST_F(QuantityToken, theMenuOffersWhatTheCountAllows)
@@ -104,7 +100,7 @@ TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldOnTheBoardAsOneUndoStep
     const auto split = board()->Units()->Item(2);
     EXPECT_EQ(countOf(*split), QStringLiteral("5/x5"));
     // One region (40 x 30) to the right and one above: 200 + 40, 200 - 30.
-    EXPECT_EQ(place(*split), QStringLiteral("240,170"));
+    EXPECT_EQ(QPoint(split->x(), split->y()), QPoint(240, 170));
     EXPECT_EQ(mgr().NextUndoAction()->Caption(), QStringLiteral("Split Off 5"));
     mgr().Undo();
     EXPECT_EQ(unitIds(*board()), QStringList{unit->Id()});
@@ -114,7 +110,7 @@ TEST_F(QuantityToken, splittingMakesANewStackBesideTheOldOnTheBoardAsOneUndoStep
     // The board is 800 wide: the new picture (a position is its top-left
     // corner) ends at the right edge, and its top does not go above the board.
     choose(stack(3, 790, 20), QStringLiteral("SPLIT_1"));
-    EXPECT_EQ(place(*lastUnit()), QStringLiteral("760,0"));
+    EXPECT_EQ(QPoint(lastUnit()->x(), lastUnit()->y()), QPoint(760, 0));
 
     // The custom split never takes the whole stack, and a cancelled one splits nothing.
     const std::int32_t recorded = mgr().Actions().Count();

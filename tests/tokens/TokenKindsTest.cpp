@@ -8,32 +8,10 @@
 
 namespace {
 
-std::shared_ptr<IToken> make(const QString& kind, std::int32_t width = 40, std::int32_t height = 30,
-                             std::int32_t left = -1, std::int32_t top = -1,
-                             std::int32_t regionWidth = -1, std::int32_t regionHeight = -1)
+std::shared_ptr<IToken> make(const QString& kind)
 {
     return CTokenFactory::Create(kind, QStringLiteral("T1"), 7, QStringLiteral("Cat"),
-                                 QStringLiteral("Cap"), QStringLiteral("img"), width, height, left,
-                                 top, regionWidth, regionHeight);
-}
-
-TEST(TokenKinds, onlyMinusOneMeansTheDefaultRegionAndArrowsHaveACentredSquare)
-{
-    const std::pair<std::shared_ptr<IToken>, const char*> cases[] = {
-        {make("CNumericToken", 40, 30, 0, -2, 0, -1), "0,-2,0,30"},
-        {make("CTextToken", 40, 30, -1, 3, -1, 4), "0,3,40,4"},
-        // An arrow's eight pixel square sits in the middle of its image, whatever its region.
-        {make("CArrowToken", 41, 31, 1, 2, 3, 4), "16,11,8,8"},
-        {make("CArrowToken", 4, 5), "-2,-1,8,8"}};
-    for (const auto& [token, expected] : cases) {
-        EXPECT_EQ(QStringLiteral("%1,%2,%3,%4")
-                      .arg(token->RegionLeft())
-                      .arg(token->RegionTop())
-                      .arg(token->RegionWidth())
-                      .arg(token->RegionHeight()),
-                  QLatin1String(expected))
-            << token->Class().toStdString();
-    }
+                                 QStringLiteral("Cap"), QStringLiteral("img"), 40, 30);
 }
 
 class TokenCaptions : public RootFixture
