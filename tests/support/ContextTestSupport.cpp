@@ -138,22 +138,6 @@ QString TestModule::WriteTo(const QString& path) const
     return path;
 }
 
-int CountTraceLines(const QString& traceFile, const QString& text)
-{
-    QFile file(traceFile);
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    int count = 0;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        QByteArray trimmed = line;
-        while (trimmed.startsWith('\t'))
-            trimmed.remove(0, 1);
-        if (QString::fromUtf8(trimmed) == text)
-            ++count;
-    }
-    return count;
-}
-
 QString TokenLine(const IToken& t)
 {
     return QStringList{t.Id(),

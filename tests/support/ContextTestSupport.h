@@ -113,6 +113,3 @@ CKorvane& StartRoot(IProgressMonitor* progress = nullptr);
 
 // "id|Class|index|category|caption|custom|image|image w x h|region l,t,w,h" of a token.
 QString TokenLine(const IToken& token);
-
-// Lines of the trace file equal to text once leading tabs are dropped.
-int CountTraceLines(const QString& traceFile, const QString& text);

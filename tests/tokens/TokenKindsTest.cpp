@@ -1,7 +1,6 @@
 #include "core/CKorvane.h"
 #include "support/RootFixture.h"
 #include "support/TestContext.h"
-#include "tokens/CArrowToken.h"
 #include "tokens/CTextToken.h"
 #include "tokens/CTokenFactory.h"
 
@@ -9,85 +8,16 @@
 
 namespace {
 
-std::shared_ptr<IToken> make(const QString& kind, std::int32_t width = 40, std::int32_t height = 30,
-                             std::int32_t left = -1, std::int32_t top = -1,
-                             std::int32_t regionWidth = -1, std::int32_t regionHeight = -1)
+std::shared_ptr<IToken> make(const QString& kind)
 {
     return CTokenFactory::Create(kind, QStringLiteral("T1"), 7, QStringLiteral("Cat"),
-                                 QStringLiteral("Cap"), QStringLiteral("img"), width, height, left,
-                                 top, regionWidth, regionHeight);
+                                 QStringLiteral("Cap"), QStringLiteral("img"), 40, 30);
 }
 
-QString region(const IToken& token)
-{
-    return QStringLiteral("%1,%2,%3,%4")
-        .arg(token.RegionLeft())
-        .arg(token.RegionTop())
-        .arg(token.RegionWidth())
-        .arg(token.RegionHeight());
-}
-
-// Id, index, category, caption, class, default data, default caption (no
-// context), pallet, move-onto, persisted id, the three images.
-QString answers(const IToken& t)
-{
-    return QStringList{t.UniqueId(),
-                       QString::number(t.Index()),
-                       t.Category(),
-                       t.Caption(),
-                       t.Class(),
-                       t.DefaultData(),
-                       t.DefaultCaption(),
-                       t.ShownInPallet() ? QStringLiteral("pallet") : QStringLiteral("-"),
-                       t.SupportsMoveOnto() ? QStringLiteral("onto") : QStringLiteral("-"),
-                       t.PersistId() ? QStringLiteral("keep") : QStringLiteral("-"),
-                       t.PalletImage(),
-                       t.DragImage(),
-                       t.UnitImage()}
-        .join(QLatin1Char('|'));
-}
-
-TEST(TokenKinds, eachKindInAnyCaseGivesItsOwnConstantAnswersAndOthersAreEmptyTokens)
-{
-    const std::pair<const char*, const char*> kinds[] = {
-        {"CEmptyToken", "CEmptyToken|||pallet|-|-|img|img|img"},
-        {"cquantitytoken", "CQuantityToken|1|x1|pallet|onto|-|img|img|img"},
-        {"CNumericToken", "CNumericToken|0|x0|pallet|-|-|img|img|img"},
-        {"cTextToken", "CTextToken||Cap|pallet|-|-|img|img|img"},
-        {"CARROWTOKEN", "CArrowToken|||pallet|-|keep|img|img|"},
-        {"CChessToken", "CEmptyToken|||pallet|-|-|img|img|img"},
-        {"", "CEmptyToken|||pallet|-|-|img|img|img"}};
-    for (const auto& [kind, expected] : kinds)
-        EXPECT_EQ(answers(*make(QLatin1String(kind))), QStringLiteral("T1|7|Cat|Cap|") + expected);
-
-    // A text token captions new units with its custom text when it has one.
-    CTextToken token(QStringLiteral("N"), 1, QString(), QStringLiteral("Note"), QString(), 10, 10);
-    token.SetCustom(QStringLiteral("Supply"));
-    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Supply"));
-    token.SetCustom(QString());
-    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
-}
-
-TEST(TokenKinds, onlyMinusOneMeansTheDefaultRegionAndArrowsHaveACentredSquare)
-{
-    const std::pair<std::shared_ptr<IToken>, const char*> cases[] = {
-        {make("CEmptyToken"), "0,0,40,30"},
-        {make("CQuantityToken", 40, 30, 5, 6, 20, 10), "5,6,20,10"},
-        {make("CNumericToken", 40, 30, 0, -2, 0, -1), "0,-2,0,30"},
-        {make("CTextToken", 40, 30, -1, 3, -1, 4), "0,3,40,4"},
-        // An arrow's eight pixel square sits in the middle of its image, whatever its region.
-        {make("CArrowToken", 40, 30), "16,11,8,8"},
-        {make("CArrowToken", 9, 9), "0,0,8,8"},
-        {make("CArrowToken", 41, 31, 1, 2, 3, 4), "16,11,8,8"},
-        {make("CArrowToken", 4, 5), "-2,-1,8,8"}};
-    for (const auto& [token, expected] : cases)
-        EXPECT_EQ(region(*token), QLatin1String(expected)) << token->Class().toStdString();
-}
-
-class TokenPrefix : public RootFixture
+class TokenCaptions : public RootFixture
 {};
 
-TEST_F(TokenPrefix, countedCaptionsUseTheActiveContextsPrefix)
+TEST_F(TokenCaptions, countedCaptionsUseTheActiveContextsPrefixAndTextsTheirCustomText)
 {
     const auto quantity = make(QStringLiteral("CQuantityToken"));
     const auto numeric = make(QStringLiteral("CNumericToken"));
@@ -97,6 +27,13 @@ TEST_F(TokenPrefix, countedCaptionsUseTheActiveContextsPrefix)
     EXPECT_EQ(numeric->DefaultCaption(), QStringLiteral("# 0"));
     Root().SetContext(std::make_shared<TestContext>(QString()));
     EXPECT_EQ(quantity->DefaultCaption(), QStringLiteral("1"));
+
+    // A text token captions new units with its custom text when it has one.
+    CTextToken token(QStringLiteral("N"), 1, QString(), QStringLiteral("Note"), QString(), 10, 10);
+    token.SetCustom(QStringLiteral("Supply"));
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Supply"));
+    token.SetCustom(QString());
+    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
 }
 
 } // namespace
