@@ -23,16 +23,6 @@ int clamped(std::int32_t value)
     return std::clamp(value, -CBoardRenderer::CoordinateLimit, CBoardRenderer::CoordinateLimit);
 }
 
-QPointF headPoint(const CArrow& arrow)
-{
-    return QPointF(clamped(arrow.HeadX()), clamped(arrow.HeadY()));
-}
-
-QPointF tailPoint(const CArrow& arrow)
-{
-    return QPointF(clamped(arrow.TailX()), clamped(arrow.TailY()));
-}
-
 // A caption on one line: line breaks would push the label over the next unit.
 QString singleLine(const QString& caption)
 {
@@ -62,6 +52,23 @@ CBoardRenderer::CBoardRenderer(std::shared_ptr<IGameContext> context)
     m_backColor = ToColor(m_context->LabelBackColor());
     m_movedColor = ToColor(m_context->LabelMovedColor());
     m_transparentLabels = m_context->HasTransparentLabel();
+    for (const auto& token : m_context->Tokens()) {
+        if (token->Class() == QLatin1String("CArrowToken")) {
+            m_arrowOrigin = QPoint(token->RegionLeft() + token->RegionWidth() / 2,
+                                   token->RegionTop() + token->RegionHeight() / 2);
+            break;
+        }
+    }
+}
+
+QPointF CBoardRenderer::headPoint(const CArrow& arrow) const
+{
+    return QPointF(clamped(arrow.HeadX()), clamped(arrow.HeadY())) + m_arrowOrigin;
+}
+
+QPointF CBoardRenderer::tailPoint(const CArrow& arrow) const
+{
+    return QPointF(clamped(arrow.TailX()), clamped(arrow.TailY())) + m_arrowOrigin;
 }
 
 QColor CBoardRenderer::ToColor(std::int32_t value)

@@ -4,6 +4,8 @@
 #include <QFont>
 #include <QFontMetrics>
 #include <QImage>
+#include <QPoint>
+#include <QPointF>
 #include <QRect>
 #include <QSize>
 
@@ -22,7 +24,10 @@ class QPainter;
 // picture of a map looks exactly like the screen.
 //
 // Positions are board pixels. A unit's picture has its top-left corner at the
-// unit's x, y (the token's click region lies inside that picture). The label
+// unit's x, y (the token's click region lies inside that picture). An arrow's
+// ends are the positions of its two handle units, so each end is drawn where
+// its handle is grabbed: at the centre of the arrow token's click region
+// (ArrowOrigin), not at the handle picture's corner. The label
 // font is sized in board pixels (its points at 96 per inch), so a label takes
 // the same room on every device and at every scale.
 class CBoardRenderer
@@ -46,6 +51,10 @@ public:
     explicit CBoardRenderer(std::shared_ptr<IGameContext> context);
 
     QSize BoardSize() const;
+    // Where on the board an arrow point of 0, 0 is drawn: the centre of the
+    // click region of the context's first arrow token (arrow tokens of one
+    // context share the unit picture size), or 0, 0 without one.
+    QPoint ArrowOrigin() const { return m_arrowOrigin; }
     const QFont& LabelFont() const { return m_labelFont; }
 
     // Board, then the units in model order (a later unit covers an earlier
@@ -77,6 +86,8 @@ public:
 
 private:
     QImage unitPicture(const CUnit& unit) const;
+    QPointF headPoint(const CArrow& arrow) const;
+    QPointF tailPoint(const CArrow& arrow) const;
 
     std::shared_ptr<IGameContext> m_context;
     QFont m_labelFont;
@@ -85,4 +96,5 @@ private:
     QColor m_backColor;
     QColor m_movedColor;
     bool m_transparentLabels = false;
+    QPoint m_arrowOrigin;
 };

@@ -115,14 +115,19 @@ TEST_F(BoardRendererTest, PicturesSitAtTheUnitsPositionWithTheLabelCentredUnderT
 
 TEST_F(BoardRendererTest, ArrowsHaveAWideHeadAZeroLengthArrowIsADotAndUnlockedMapsShowOnlyTheBoard)
 {
-    const auto arrow = AddArrow(*map, 20, 70, 180, 70, 0x0000FF);
-    AddArrow(*map, 150, 130, 150, 130, 0x00FF00);
+    // Arrow points are handle positions; the ends are drawn at the handles'
+    // grab spots, the centre of the arrow token's click region.
+    const CBoardRenderer renderer(context);
+    const QPoint o = renderer.ArrowOrigin();
+    ASSERT_NE(o, QPoint());
+    const auto arrow = AddArrow(*map, 20 - o.x(), 70 - o.y(), 180 - o.x(), 70 - o.y(), 0x0000FF);
+    AddArrow(*map, 150 - o.x(), 130 - o.y(), 150 - o.x(), 130 - o.y(), 0x00FF00);
     const QImage image = render();
     EXPECT_TRUE(NearColor(image.pixelColor(170, 73), QColor(255, 0, 0)));
     EXPECT_TRUE(NearColor(image.pixelColor(150, 73), board));
     EXPECT_TRUE(NearColor(image.pixelColor(183, 70), board));
     EXPECT_TRUE(NearColor(image.pixelColor(150, 130), QColor(0, 255, 0)));
-    const QRectF bounds = CBoardRenderer(context).ArrowBounds(*arrow);
+    const QRectF bounds = renderer.ArrowBounds(*arrow);
     EXPECT_TRUE(bounds.contains(QPointF(20, 70)) && bounds.contains(QPointF(180, 76)));
 
     AddUnit(*map, QStringLiteral("tank"), 100, 100);

@@ -353,6 +353,8 @@ TEST_F(BoardTest, ArrowPlacedAndItsHeadDraggedUndoesAndRedoes)
     const QPoint oldHead(arrow->HeadX(), arrow->HeadY());
     drag(oldHead + grip, QPoint(300, 250));
     EXPECT_EQ(QPoint(arrow->HeadX(), arrow->HeadY()), QPoint(300, 250) - grip);
+    // ...and drawn there, so the head sits under the pointer that let it go.
+    EXPECT_EQ(CBoardRenderer(Root().Context()).ArrowOrigin(), grip);
     shown = board->Arrows()->Find(arrow->Id());
     EXPECT_EQ(QPoint(shown->HeadX(), shown->HeadY()), QPoint(300, 250) - grip);
     Root().ActionMgr().Undo();
