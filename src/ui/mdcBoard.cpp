@@ -34,6 +34,7 @@
 #include <QGraphicsRectItem>
 #include <QGraphicsScene>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -160,6 +161,38 @@ void mdcBoard::redrawBackground()
     m_picture->SetRenderer(m_renderer);
     const QSize board = m_renderer ? m_renderer->BoardSize() : QSize();
     scene()->setSceneRect(QRectF(QPointF(0, 0), QSizeF(board)));
+}
+
+QString mdcBoard::emptyHint()
+{
+    return QStringLiteral("No game is open.\n\nStart one with File > New Game (%1)\nor continue "
+                          "one with File > Open Game (%2).")
+        .arg(QKeySequence(QKeySequence::New).toString(QKeySequence::NativeText),
+             QKeySequence(QKeySequence::Open).toString(QKeySequence::NativeText));
+}
+
+void mdcBoard::drawBackground(QPainter* painter, const QRectF& rect)
+{
+    QGraphicsView::drawBackground(painter, rect);
+    if (m_renderer && CMapState::ActiveMap())
+        return;
+    // A first start shows a way in instead of a bare grey field.
+    painter->save();
+    painter->resetTransform();
+    QFont font = painter->font();
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    painter->setFont(font);
+    painter->setPen(palette().color(QPalette::WindowText));
+    painter->drawText(viewport()->rect(), Qt::AlignCenter, emptyHint());
+    painter->restore();
+}
+
+void mdcBoard::resizeEvent(QResizeEvent* event)
+{
+    QGraphicsView::resizeEvent(event);
+    // The hint is centred, so all of it moves when the view changes size.
+    if (!m_renderer || !CMapState::ActiveMap())
+        viewport()->update();
 }
 
 void mdcBoard::rebuildUnits()

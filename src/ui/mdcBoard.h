@@ -95,12 +95,16 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void drawBackground(QPainter* painter, const QRectF& rect) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     // True (and the pending refresh marked) while the update lock holds.
     bool deferred();
     void rebuild();
     void redrawBackground();
+    // The words shown on the empty board while no game is open.
+    static QString emptyHint();
     void rebuildUnits();
     void rebuildArrows();
     void syncUnit(const QString& unitId);
