@@ -6,6 +6,7 @@
 #include "core/CUtility.h"
 #include "core/KorvaneError.h"
 #include "model/CArrow.h"
+#include "model/CSwapFileRegistry.h"
 #include "model/CUnit.h"
 #include "persist/CInputStream.h"
 #include "persist/COutputStream.h"
@@ -15,7 +16,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 
 #include <algorithm>
 #include <limits>
@@ -29,13 +29,6 @@ constexpr std::int32_t maximumStoredCount = std::numeric_limits<std::int16_t>::m
 constexpr std::int32_t unitEntryBytes = 2 + 1 + CUnit::MinimumRecordBytes;
 // Swap file entries: token position, unit id, unit record.
 constexpr std::int32_t swapUnitEntryBytes = 2 + 1 + CUnit::MinimumRecordBytes;
-
-// The swap files this process has written and not yet deleted.
-QSet<QString>& writtenSwapFiles()
-{
-    static QSet<QString> files;
-    return files;
-}
 
 void checkStoredCount(qsizetype count, const char* items)
 {
@@ -86,7 +79,7 @@ void CMap::removeSwapFile()
     if (!m_swapWritten)
         return;
     QFile::remove(m_swapFile);
-    writtenSwapFiles().remove(m_swapFile);
+    CSwapFileRegistry::Forget(m_swapFile);
     m_swapWritten = false;
 }
 
@@ -230,6 +223,10 @@ void CMap::writeSwapFile()
     const QString directory = QFileInfo(m_swapFile).absolutePath();
     if (!CUtility::DirExists(directory))
         CUtility::BuildDirectory(directory);
+    // Listed before it exists, so that even a kill in the middle of the
+    // write leaves nothing the next process cannot find.
+    if (!m_swapWritten)
+        CSwapFileRegistry::Register(m_swapFile);
     // The new content is written over the old and the file cut to its
     // length, so no stale bytes stay behind. (Cutting a file to nothing
     // first would make the file system flush it to disk at every switch.)
@@ -254,7 +251,6 @@ void CMap::writeSwapFile()
                                .arg(QDir::toNativeSeparators(m_swapFile), reason));
     }
     m_swapWritten = true;
-    writtenSwapFiles().insert(m_swapFile);
 }
 
 CMap::Lists CMap::readSwapFile() const
@@ -429,7 +425,5 @@ void CMap::RestoreFrom(CRecordReader& in)
 
 void CMap::RemoveLeftoverSwapFiles()
 {
-    for (const QString& path : std::as_const(writtenSwapFiles()))
-        QFile::remove(path);
-    writtenSwapFiles().clear();
+    CSwapFileRegistry::RemoveAll();
 }
