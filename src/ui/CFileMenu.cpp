@@ -113,6 +113,10 @@ void CFileMenu::Print()
         return;
     const QImage picture = m_window->Board()->PaintToPbox();
     QPrinter printer(QPrinter::HighResolution);
+    // Names the print job, and the file when printing to one.
+    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
+    printer.setDocName(map ? Root().Game()->Name() + QStringLiteral(" - ") + map->Name()
+                           : Root().Game()->Name());
     QPrintDialog dialog(&printer, m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
