@@ -2,10 +2,12 @@
 #include "contexts/CImageList.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
+#include "core/CUtility.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
+#include "render/CBoardRenderer.h"
 #include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
@@ -87,18 +89,33 @@ TEST_F(ShippedModulesTest, BothAreListedAndChessOpensWithEveryPieceInItsOwnSquar
     ASSERT_EQ(opening->Units()->Count(), 32);
     ASSERT_EQ(QSize(chess->MapWidth(), chess->MapHeight()), QSize(400, 400));
 
-    // Ranks 8 down to 1, files a to h; "." is an empty square. Each piece's
-    // picture lies wholly in the 50-pixel square where that piece starts.
+    // Ranks 8 down to 1, files a to h; "." is an empty square. Each piece is
+    // drawn alone: whatever it changes lies in the square where it starts.
     const QString board = QStringLiteral("rnbqkbnr pppppppp ........ ........ "
                                          "........ ........ PPPPPPPP RNBQKBNR")
                               .remove(QLatin1Char(' '));
-    const QSize picture(chess->UnitImgLst()->Width(), chess->UnitImgLst()->Height());
+    const CBoardRenderer renderer(chess);
+    auto alone = std::make_shared<CMap>(CUtility::GenerateId(), CUtility::GenerateId());
+    alone->AquireLock();
+    const QImage empty = renderer.RenderMap(*alone, 1);
     QSet<int> squares;
     for (const auto& piece : *opening->Units()) {
-        const QRect drawn(QPoint(piece->x(), piece->y()), picture);
-        const QRect square(drawn.left() / 50 * 50, drawn.top() / 50 * 50, 50, 50);
+        alone->Units()->Clear();
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), piece->Token());
+        unit->SetX(piece->x());
+        unit->SetY(piece->y());
+        alone->Units()->AddItem(unit);
+        const QImage drawn = renderer.RenderMap(*alone, 1);
+        QRect changed;
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x) {
+                if (drawn.pixel(x, y) != empty.pixel(x, y))
+                    changed |= QRect(x, y, 1, 1);
+            }
+        }
+        const QRect square(changed.left() / 50 * 50, changed.top() / 50 * 50, 50, 50);
         const QString token = piece->Token()->Id();
-        EXPECT_TRUE(drawn.left() >= 0 && drawn.top() >= 0 && square.contains(drawn))
+        EXPECT_TRUE(!changed.isEmpty() && square.contains(changed))
             << token.toStdString() << " at " << piece->x() << "," << piece->y();
         const int index = square.top() / 50 * 8 + square.left() / 50;
         squares.insert(index);
