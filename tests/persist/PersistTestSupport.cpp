@@ -6,12 +6,6 @@
 
 #include <zlib.h>
 
-void AnnouncementLog::NotifyOfNewContext()
-{
-    const auto& context = Root().Context();
-    Lines << "NewContext(" + (context ? context->Id() : QStringLiteral("none")) + ')';
-}
-
 QByteArray Compressed(const QByteArray& body)
 {
     uLongf length = compressBound(static_cast<uLong>(body.size()));
@@ -29,22 +23,16 @@ QByteArray FileAround(const QByteArray& body, const QByteArray& storedId)
            QByteArray(reinterpret_cast<const char*>(&length), 4) + Compressed(body);
 }
 
-TestModule PersistTest::module(const QString& name, const QStringList& tokenIds)
+TestModule PersistTest::module(const QString& name)
 {
     TestModule m;
     m.UniqueId = name;
     m.Title = name;
-    if (tokenIds.isEmpty()) {
-        m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
-                    TestToken(QStringLiteral("tank")),
-                    TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
-                    TestToken(QStringLiteral("mark"), QStringLiteral("Numeric")),
-                    TestToken(QStringLiteral("note"), QStringLiteral("Text"))};
-    } else {
-        m.Tokens.clear();
-        for (const QString& id : tokenIds)
-            m.Tokens.emplace_back(id);
-    }
+    m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
+                TestToken(QStringLiteral("tank")),
+                TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
+                TestToken(QStringLiteral("mark"), QStringLiteral("Numeric")),
+                TestToken(QStringLiteral("note"), QStringLiteral("Text"))};
     return m;
 }
 
@@ -79,9 +67,4 @@ std::shared_ptr<CGame> PersistTest::newGame(const QString& name)
     game->SetName(name);
     Root().SetGame(game);
     return game;
-}
-
-QByteArray PersistTest::storedId(const QByteArray& file)
-{
-    return file.mid(5, static_cast<unsigned char>(file.at(4)));
 }

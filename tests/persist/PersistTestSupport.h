@@ -4,7 +4,6 @@
 #include "core/CKorvane.h"
 #include "core/FProgressWin.h"
 #include "support/ContextTestSupport.h"
-#include "support/EventLog.h"
 #include "support/ScriptedFileDlg.h"
 #include "support/TestHome.h"
 
@@ -42,13 +41,6 @@ public:
     RecordingProgressWin Progress;
 };
 
-// Every announcement, with "NewContext(<active id or none>)" for a new context.
-class AnnouncementLog : public EventLog
-{
-public:
-    void NotifyOfNewContext() override;
-};
-
 // body compressed as game files store it (zlib, level 9).
 QByteArray Compressed(const QByteArray& body);
 // A game file image around an arbitrary body, for damaged-file cases.
@@ -61,7 +53,7 @@ protected:
     void TearDown() override { ReleaseRoot(); }
 
     // A standard module "krm_<name>_v1" titled name, with tokens of each kind.
-    static TestModule module(const QString& name, const QStringList& tokenIds = {});
+    static TestModule module(const QString& name);
     void writeModule(const QString& fileName, const TestModule& m) const;
     // Starts the root with a TestGui (or none); returns the GUI.
     TestGui* start(bool withGui = true);
@@ -69,8 +61,6 @@ protected:
     void activate(const QString& id);
     // A game of the active context: one group, one map, as a new game starts.
     std::shared_ptr<CGame> newGame(const QString& name);
-    // The stored context id of a file, as written.
-    static QByteArray storedId(const QByteArray& file);
 
     TestHome home;
 };
