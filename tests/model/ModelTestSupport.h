@@ -90,11 +90,6 @@ protected:
         return lines;
     }
 
-    static QByteArray bytesOf(const COutputStream& stream)
-    {
-        return QByteArray(reinterpret_cast<const char*>(stream.Address()), stream.Offset());
-    }
-
     std::shared_ptr<TestContext> context;
 };
 
