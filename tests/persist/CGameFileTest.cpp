@@ -8,8 +8,9 @@ using GameFile = ModelFixture;
 
 } // namespace
 
-// A game of one group holding one frozen map, named with 0 to 63 characters
-// so that the file before its padding ends at every remainder of four.
+// A game of one group holding one frozen map with a unit, a unit of an arrow
+// token (which keeps its id) and an arrow, named with 0 to 63 characters so
+// that the file before its padding ends at every remainder of four.
 TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysAndPaddedWithZerosToAMultipleOfFour)
 {
     QSet<qsizetype> unpaddedRemainders;
@@ -24,11 +25,19 @@ TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysAndPaddedWithZerosToAMulti
         map->SetText(QStringLiteral("T"));
         map->SetFrozen(true);
         game.SwitchTo(group);
+        addUnit(*map, QStringLiteral("TANK"), 10, -2, QStringLiteral("ab"), QStringLiteral("3"),
+                true);
+        const auto arrowUnit = addUnit(*map, QStringLiteral("ARROW"), 0, 0, QString(), QString());
+        const auto arrow = addArrow(*map, 100, 255);
 
         Bytes body;
         body.i16(2).small(game.Id().toLatin1()).small(name.toLatin1()).small("").i16(1);
         body.small(group->Id().toLatin1()).i16(1).i16(0).i16(1);
-        body.i16(1).small("Start").small("R").text("T").i16(-1).i16(0).i16(0);
+        body.i16(1).small("Start").small("R").text("T").i16(-1).i16(2);
+        body.i16(2).small("TANK").i16(2).i32(10).i32(-2).small("ab").small("3").i16(-1);
+        body.i16(3).small("ARROW").i16(2).small(arrowUnit->Id().toLatin1()).i32(0).i32(0);
+        body.small("").small("").i16(0).i16(1).i16(1).small(arrow->Id().toLatin1());
+        body.i32(100).i32(101).i32(-100).i32(7).i32(255);
         QByteArray expected = FileAround(body.data(), "KRC");
         unpaddedRemainders.insert(expected.size() % 4);
         expected += QByteArray((4 - expected.size() % 4) % 4, '\0');
