@@ -250,7 +250,8 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
     const auto body = [&](const QByteArray& bytes) {
         return fileAround(bytes + QByteArray(24, 0));
     };
-    // 520 KB that inflate to about as much, declaring 512 MiB.
+    // 520 KB that inflate to about as much (so the length passes as plausible),
+    // declaring 512 MiB.
     QByteArray noise(520 * 1024, '\0');
     std::uint32_t seed = 12345;
     for (char& c : noise)
@@ -307,7 +308,6 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         EXPECT_FALSE(Root().PersistMgr().LoadGameFromFile(path)) << c.file;
         ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << c.file;
         const auto& box = gui->Boxes.Boxes.front();
-        EXPECT_EQ(box.Title, QStringLiteral("Korvane"));
         if (c.reason.isEmpty())
             EXPECT_EQ(box.Text, "File '" + path +
                                     "' is either invalid or you do not have the corresponding "
@@ -385,11 +385,8 @@ TEST_F(PersistMgrTest, AFailedSaveKeepsTheOldFileTheGameDirtyAndTheHistoryAndALa
     EXPECT_TRUE(Root().PersistMgr().SaveCurrentGame());
     EXPECT_TRUE(gui->Save.Shown.isEmpty());
     EXPECT_EQ(home.ReadFile(QStringLiteral("games/fragile.krf")), currentImage());
-    const QFileDevice::Permissions permissions = QFile::permissions(path);
-    EXPECT_TRUE(permissions.testFlags(QFileDevice::ReadOwner | QFileDevice::WriteOwner));
-    EXPECT_FALSE(permissions &
-                 (QFileDevice::ExeOwner | QFileDevice::ReadGroup | QFileDevice::WriteGroup |
-                  QFileDevice::ReadOther | QFileDevice::WriteOther));
+    EXPECT_EQ(QFile::permissions(path) & ~(QFileDevice::ReadUser | QFileDevice::WriteUser),
+              QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     EXPECT_EQ(QDir(home.File(QStringLiteral("games"))).entryList(QDir::Files),
               QStringList{"fragile.krf"});
     EXPECT_EQ(game->Dirty(), 0);
