@@ -6,21 +6,16 @@
 
 #include <zlib.h>
 
-QByteArray Compressed(const QByteArray& body)
-{
-    uLongf length = compressBound(static_cast<uLong>(body.size()));
-    QByteArray out(static_cast<qsizetype>(length), '\0');
-    compress2(reinterpret_cast<Bytef*>(out.data()), &length,
-              reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()), 9);
-    out.resize(static_cast<qsizetype>(length));
-    return out;
-}
-
 QByteArray FileAround(const QByteArray& body, const QByteArray& storedId)
 {
+    uLongf packed = compressBound(static_cast<uLong>(body.size()));
+    QByteArray out(static_cast<qsizetype>(packed), '\0');
+    compress2(reinterpret_cast<Bytef*>(out.data()), &packed,
+              reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()), 9);
+    out.resize(static_cast<qsizetype>(packed));
     const auto length = static_cast<std::int32_t>(body.size());
     return "KR01" + (char(storedId.size()) + storedId) +
-           QByteArray(reinterpret_cast<const char*>(&length), 4) + Compressed(body);
+           QByteArray(reinterpret_cast<const char*>(&length), 4) + out;
 }
 
 TestModule PersistTest::module(const QString& name)
@@ -41,12 +36,11 @@ void PersistTest::writeModule(const QString& fileName, const TestModule& m) cons
     m.WriteTo(home.File(QStringLiteral("modules/") + fileName));
 }
 
-TestGui* PersistTest::start(bool withGui)
+TestGui* PersistTest::start()
 {
     auto root = std::make_shared<CKorvane>();
     InstallRoot(root);
-    if (withGui)
-        root->SetGuiFactory([] { return std::make_unique<TestGui>(); });
+    root->SetGuiFactory([] { return std::make_unique<TestGui>(); });
     root->Constructor(nullptr);
     return static_cast<TestGui*>(root->Gui());
 }

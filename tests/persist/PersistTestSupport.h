@@ -41,9 +41,8 @@ public:
     RecordingProgressWin Progress;
 };
 
-// body compressed as game files store it (zlib, level 9).
-QByteArray Compressed(const QByteArray& body);
-// A game file image around an arbitrary body, for damaged-file cases.
+// A game file image around an arbitrary body, compressed as game files
+// store it (zlib, level 9), for exact and damaged-file cases.
 QByteArray FileAround(const QByteArray& body, const QByteArray& storedId);
 
 // A home whose module packs the test writes before it starts the root.
@@ -55,8 +54,8 @@ protected:
     // A standard module "krm_<name>_v1" titled name, with tokens of each kind.
     static TestModule module(const QString& name);
     void writeModule(const QString& fileName, const TestModule& m) const;
-    // Starts the root with a TestGui (or none); returns the GUI.
-    TestGui* start(bool withGui = true);
+    // Starts the root with a TestGui; returns the GUI.
+    TestGui* start();
     // Activates the installed context of that id and makes it the root's.
     void activate(const QString& id);
     // A game of the active context: one group, one map, as a new game starts.
