@@ -20,7 +20,7 @@ TEST_F(ModelRecords, tokensAreFoundByIndexThenByIdThenByTheOneSubstitution)
     unit(0, "MARK", 3, "no index");
     unit(99, "CHBBD", 4, "renamed");
     bytes.i16(0);
-    CInputStream in = bytes.stream();
+    CInputStream in = CInputStream::FromBytes(bytes.data());
     CMap map(CUtility::GenerateId(), QString());
     map.RestoreFrom(in);
     map.AquireLock();

@@ -117,7 +117,6 @@ public:
         return *this;
     }
     const QByteArray& data() const { return m_data; }
-    CInputStream stream() const { return CInputStream::FromBytes(m_data); }
 
 private:
     Bytes& raw(const void* p, int n)
