@@ -51,10 +51,8 @@ TEST_F(RecoveryMgrTest, CopiesChangedGamesAndOffersOnlyThoseOfKorvanesThatDiedAs
     ASSERT_TRUE(next.OfferRecovery(gui->Boxes));
     ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
     const QString text = gui->Boxes.Boxes[0].Text;
-    EXPECT_TRUE(QRegularExpression("^Restore unsaved changes to 'turn\\.krf' from \\S.*\\?$")
-                    .match(text)
-                    .hasMatch())
-        << text.toStdString();
+    const QRegularExpression question("^Restore unsaved changes to 'turn\\.krf' from \\S.*\\?$");
+    EXPECT_TRUE(question.match(text).hasMatch()) << text.toStdString();
     const std::shared_ptr<CGame> restored = Root().Game();
     EXPECT_EQ(restored->Name(), "Kursk, moved");
     EXPECT_NE(restored->Dirty(), 0);
