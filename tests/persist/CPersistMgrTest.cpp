@@ -512,7 +512,6 @@ TEST_F(PersistMgrTest, TextsTheFileCannotHoldAreNamedOnceBeforeSavingAndNoCancel
 TEST_F(PersistMgrTest, ALargeGameOfEmptyMapsReadsQuicklyWithoutSwapFiles)
 {
     startAlpha();
-    newGame(QStringLiteral("Current"));
     const QString path = home.WriteFile(QStringLiteral("many.krf"), emptyMaps(3, 32767, 10));
     const qint64 peakBefore = peakKiB();
     QElapsedTimer timer;
