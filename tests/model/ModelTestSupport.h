@@ -90,11 +90,6 @@ protected:
         return lines;
     }
 
-    static QByteArray bytesOf(const COutputStream& stream)
-    {
-        return QByteArray(reinterpret_cast<const char*>(stream.Address()), stream.Offset());
-    }
-
     std::shared_ptr<TestContext> context;
 };
 
@@ -122,7 +117,6 @@ public:
         return *this;
     }
     const QByteArray& data() const { return m_data; }
-    CInputStream stream() const { return CInputStream::FromBytes(m_data); }
 
 private:
     Bytes& raw(const void* p, int n)

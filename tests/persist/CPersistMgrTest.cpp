@@ -20,7 +20,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QSet>
 
 #include <csignal>
 #include <cstring>
@@ -71,40 +70,30 @@ protected:
         return map;
     }
 
-    // Everything a save keeps, one line per record, leaving out the ids that
-    // loading renews (maps, units of tokens that do not keep ids); those go
-    // to renewed.
-    static QStringList describe(const CGame& game, QSet<QString>* renewed = nullptr)
-    {
-        const auto n = [](std::int32_t v) { return QString::number(v); };
-        QStringList lines{game.Id() + '|' + game.Name() + '|' + game.Remarks()};
-        for (const auto& group : game.MapGroups()) {
-            lines << group->Id() + '|' + n(group->Frozen());
-            for (const auto& map : group->Maps()) {
-                const CMapLock lock(map);
-                lines << map->Name() + '|' + map->Remarks() + '|' + map->Text() + '|' +
-                             n(map->Frozen());
-                if (renewed)
-                    *renewed << map->Id();
-                for (const auto& u : *map->Units()) {
-                    const bool kept = u->Token()->PersistId();
-                    if (renewed && !kept)
-                        *renewed << u->Id();
-                    lines << QStringList{kept ? u->Id() : "", u->Token()->Id(), n(u->x()),
-                                         n(u->y()),           u->Caption(),     u->Data(),
-                                         n(u->HasMoved())}
-                                 .join('|');
-                }
-                for (const auto& a : *map->Arrows())
-                    lines << a->Id() + '|' + n(a->HeadX()) + '|' + n(a->Color());
-            }
-        }
-        return lines;
-    }
-
     static QByteArray fileAround(const QByteArray& body)
     {
         return FileAround(body, alphaId.toLatin1());
+    }
+
+    // A game of empty maps: groups of mapsPerGroup maps, the last of lastGroup.
+    static QByteArray emptyMaps(int groups, int mapsPerGroup, int lastGroup)
+    {
+        Bytes body;
+        body.i16(2).small("G").small("Many").small("").i16(static_cast<std::int16_t>(groups));
+        const QByteArray emptyMap =
+            Bytes().i16(1).small("").small("").text("").i16(0).i16(0).i16(0).data();
+        for (int g = 1; g <= groups; ++g) {
+            const int maps = g == groups ? lastGroup : mapsPerGroup;
+            body.small("GR" + QByteArray::number(g)).i16(1).i16(0);
+            body.i16(static_cast<std::int16_t>(maps)).append(emptyMap.repeated(maps));
+        }
+        return fileAround(body.data());
+    }
+    static qint64 peakKiB()
+    {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return static_cast<qint64>(usage.ru_maxrss);
     }
 
     static QByteArray currentImage() { return CGameFile::ToBytes(*Root().Game(), alphaId); }
@@ -122,7 +111,7 @@ protected:
 
 } // namespace
 
-TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActive)
+TEST_F(PersistMgrTest, SavedGamesReadBackByteForByteWithTheLastGroupAndMapsActive)
 {
     TestGui* gui = startAlpha();
     const auto game = newGame(QStringLiteral("Campaign"));
@@ -131,13 +120,11 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
     first->SetFrozen(true);
     const auto start = first->ActiveMap();
     addUnit(*start, QStringLiteral("inf"), 10, QStringLiteral("x3"));
-    addUnit(*start, QStringLiteral("move"), 11);
-    for (const std::int32_t color : {255, 65280}) {
-        auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
-        arrow->SetHeadX(color / 5);
-        arrow->SetColor(color);
-        start->Arrows()->AddItem(arrow);
-    }
+    addUnit(*start, QStringLiteral("move"), 11); // an arrow token's unit keeps its id
+    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+    arrow->SetHeadX(51);
+    arrow->SetColor(65280);
+    start->Arrows()->AddItem(arrow);
     auto turn2 = addMap(*first, QStringLiteral("Turn 2"));
     turn2->SetRemarks(QStringLiteral("rain"));
     turn2->AquireLock();
@@ -148,10 +135,7 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
     addMap(*second, QStringLiteral("Turn 3"));
     const auto turn4 = addMap(*second, QStringLiteral("Turn 4"));
     game->SwitchTo(second);
-    turn4->AquireLock();
-    addUnit(*turn4, QStringLiteral("move"), 77);
     addUnit(*turn4, QStringLiteral("mark"), 5, QStringLiteral("5"));
-    turn4->ReleaseLock();
     // Saved with the first group's first map active.
     markChanged();
 
@@ -162,18 +146,17 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
     EXPECT_EQ(game->Dirty(), 0);
     EXPECT_FALSE(mayUndo());
     EXPECT_EQ(lastDir(), home.File(QStringLiteral("games/")));
-    const QString path = home.File(QStringLiteral("games/campaign.krf"));
-    EXPECT_EQ(home.ReadFile(QStringLiteral("games/campaign.krf")), currentImage());
+    const QByteArray file = home.ReadFile(QStringLiteral("games/campaign.krf"));
+    EXPECT_EQ(file, currentImage());
 
-    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
+    // Written again, the game read back gives the same bytes: nothing is lost.
+    ASSERT_TRUE(
+        Root().PersistMgr().LoadGameFromFile(home.File(QStringLiteral("games/campaign.krf"))));
     const auto loaded = Root().Game();
     ASSERT_NE(loaded, game);
-    QSet<QString> renewedBefore, renewedAfter;
-    EXPECT_EQ(describe(*loaded, &renewedAfter), describe(*game, &renewedBefore));
-    EXPECT_FALSE(renewedAfter.intersects(renewedBefore));
-    EXPECT_EQ(loaded->File(), QStringLiteral("campaign"));
-    EXPECT_EQ(loaded->Extension(), QStringLiteral("krf"));
-    EXPECT_EQ(loaded->Directory(), home.File(QStringLiteral("games/")));
+    EXPECT_EQ(CGameFile::ToBytes(*loaded, alphaId).toHex(), file.toHex());
+    EXPECT_EQ(loaded->Directory() + loaded->File() + '.' + loaded->Extension(),
+              home.File(QStringLiteral("games/campaign.krf")));
     EXPECT_EQ(loaded->ActiveMapGroup(), loaded->MapGroups().Item(2));
     EXPECT_EQ(loaded->MapGroups().Item(1)->ActiveMap()->Name(), QStringLiteral("Turn 2"));
     EXPECT_EQ(loaded->MapGroups().Item(2)->ActiveMap()->Name(), QStringLiteral("Turn 4"));
@@ -194,15 +177,15 @@ TEST_F(PersistMgrTest, SavedGamesReadBackWithTheirIdsAndTheLastGroupAndMapsActiv
 TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
 {
     startAlpha();
+    // The maps of each group, "f" for a frozen one, and the first map.
     struct Case
     {
         int maps;
-        QList<int> groupSizes;
+        QString groups;
         QString firstMap;
     };
-    const Case cases[] = {{120, {120}, "M1"},
-                          {151, {99, 52}, "M1"},
-                          {1060, {99, 100, 100, 100, 100, 100, 100, 100, 100, 61}, "M101"}};
+    const Case cases[] = {{120, "120", "M1"},
+                          {1060, "99f 100f 100f 100f 100f 100f 100f 100f 100f 61", "M101"}};
     for (const Case& c : cases) {
         Bytes body;
         body.i16(1).small("OLDGAME").small("Old").small("").i16(static_cast<std::int16_t>(c.maps));
@@ -219,18 +202,15 @@ TEST_F(PersistMgrTest, OldFilesWithOneListOfMapsAreGroupedByHundreds)
         ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path)) << c.maps;
 
         const CGame& game = *Root().Game();
-        QList<int> sizes;
-        for (std::int32_t g = 1; g <= game.MapGroups().Count(); ++g) {
-            const auto& group = game.MapGroups().Item(g);
-            sizes << group->Maps().Count();
-            EXPECT_EQ(group->Frozen(), g < game.MapGroups().Count()) << c.maps << " group " << g;
-        }
-        EXPECT_EQ(sizes, c.groupSizes);
+        QStringList groups;
+        for (const auto& group : game.MapGroups())
+            groups << QString::number(group->Maps().Count()) + (group->Frozen() ? "f" : "");
+        EXPECT_EQ(groups.join(' '), c.groups);
         EXPECT_EQ(game.MapGroups().Item(1)->Maps().Item(1)->Name(), c.firstMap);
         EXPECT_EQ(game.Name(), QStringLiteral("Old"));
+        // The last group and its last map are shown.
         const auto last = game.ActiveMapGroup()->ActiveMap();
         EXPECT_EQ(game.ActiveMapGroup(), game.MapGroups().Item(game.MapGroups().Count()));
-        EXPECT_EQ(last, game.ActiveMapGroup()->Maps().Item(game.ActiveMapGroup()->Maps().Count()));
         EXPECT_EQ(last->Name(), QStringLiteral("M%1").arg(c.maps));
         EXPECT_EQ(last->GroupId(), game.ActiveMapGroup()->Id());
         ASSERT_EQ(last->Units()->Count(), 1);
@@ -268,6 +248,15 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
     const auto body = [&](const QByteArray& bytes) {
         return fileAround(bytes + QByteArray(24, 0));
     };
+    // 520 KB that inflate to about as much (so the length passes as plausible),
+    // declaring 512 MiB.
+    QByteArray noise(520 * 1024, '\0');
+    std::uint32_t seed = 12345;
+    for (char& c : noise)
+        c = static_cast<char>((seed = seed * 1103515245u + 12345u) >> 24);
+    QByteArray declared512 = fileAround(noise);
+    const std::int32_t length512 = 512 * 1024 * 1024;
+    std::memcpy(declared512.data() + header.BodyOffset - 4, &length512, 4);
     const struct
     {
         const char* file;
@@ -275,13 +264,13 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         QString reason;
     } cases[] = {
         {"magic.krf", "KR02" + good.mid(4), "It is not a Korvane game file."},
-        {"empty.krf", QByteArray(), "It is not a Korvane game file."},
         {"short.krf", good.left(3), "It is not a Korvane game file."},
         {"header.krf", good.left(header.BodyOffset - 2), "header"},
         // Lengths that cannot be right are refused before anything is allocated.
-        {"zero.krf", declaring(0), "body length"},
         {"negative.krf", declaring(std::numeric_limits<std::int32_t>::min()), "body length"},
         {"huge.krf", declaring(2000000000), "body length"},
+        {"declared512.krf", declared512, "damaged"},
+        {"million.krf", emptyMaps(31, 32767, 1000000 - 30 * 32767), "more than 250000 maps"},
         {"cut.krf", good.left(header.BodyOffset + 6), "damaged"},
         {"foreign.krf", CGameFile::ToBytes(*game, "krm_gone_v1"), QString()},
         {"beta.krf", CGameFile::ToBytes(*game, "krm_beta_v1"), "'beta', which is not the active"},
@@ -306,6 +295,9 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
          "\"ghost\""},
         {"absent.krf", QByteArray(), "No such file"},
     };
+    const qint64 peakBefore = peakKiB();
+    QElapsedTimer timer;
+    timer.start();
     for (const auto& c : cases) {
         const QString name = QLatin1String(c.file);
         const QString path =
@@ -314,7 +306,6 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         EXPECT_FALSE(Root().PersistMgr().LoadGameFromFile(path)) << c.file;
         ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << c.file;
         const auto& box = gui->Boxes.Boxes.front();
-        EXPECT_EQ(box.Title, QStringLiteral("Korvane"));
         if (c.reason.isEmpty())
             EXPECT_EQ(box.Text, "File '" + path +
                                     "' is either invalid or you do not have the corresponding "
@@ -328,6 +319,9 @@ TEST_F(PersistMgrTest, DamagedAndForeignFilesAreRefusedWithTheirReasonAndChangeN
         EXPECT_EQ(game->Dirty(), 2);
         EXPECT_EQ(game->File(), QStringLiteral("current"));
     }
+    // Refusing them all takes seconds at most and no large allocation.
+    EXPECT_LT(timer.elapsed(), 10000);
+    EXPECT_LT(peakKiB() - peakBefore, 200 * 1024);
 }
 
 TEST_F(PersistMgrTest, AFailedSaveKeepsTheOldFileTheGameDirtyAndTheHistoryAndALaterOneReplacesIt)
@@ -383,25 +377,13 @@ TEST_F(PersistMgrTest, AFailedSaveKeepsTheOldFileTheGameDirtyAndTheHistoryAndALa
     while (map->Units()->Count() > 50)
         map->Units()->DeleteItem(map->Units()->Count());
 
-    // The directory has gone.
-    game->SetDirectory(home.File(QStringLiteral("vanished/")));
-    expectFailure("directory gone");
-    EXPECT_FALSE(QFileInfo::exists(home.File(QStringLiteral("vanished"))));
-
     // The same game saves once the trouble is over, without asking for a name,
     // replacing the read-only file with one only its owner reads and writes.
-    game->SetDirectory(home.File(QStringLiteral("games/")));
     EXPECT_TRUE(Root().PersistMgr().SaveCurrentGame());
     EXPECT_TRUE(gui->Save.Shown.isEmpty());
     EXPECT_EQ(home.ReadFile(QStringLiteral("games/fragile.krf")), currentImage());
-    const QFileDevice::Permissions permissions = QFile::permissions(path);
-    EXPECT_TRUE(permissions.testFlags(QFileDevice::ReadOwner | QFileDevice::WriteOwner));
-    EXPECT_FALSE(permissions &
-                 (QFileDevice::ExeOwner | QFileDevice::ReadGroup | QFileDevice::WriteGroup |
-                  QFileDevice::ReadOther | QFileDevice::WriteOther));
-    EXPECT_EQ(QDir(home.File(QStringLiteral("games"))).entryList(QDir::Files),
-              QStringList{"fragile.krf"});
-    EXPECT_EQ(game->Dirty(), 0);
+    EXPECT_EQ(QFile::permissions(path) & ~(QFileDevice::ReadUser | QFileDevice::WriteUser),
+              QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
 TEST_F(PersistMgrTest, AbandoningAModifiedGameAsksAndFollowsTheAnswer)
@@ -411,50 +393,24 @@ TEST_F(PersistMgrTest, AbandoningAModifiedGameAsksAndFollowsTheAnswer)
     EXPECT_TRUE(Root().PersistMgr().AbandonCurrentGame());
     EXPECT_TRUE(gui->Boxes.Boxes.empty()) << "a clean game is not asked about";
 
-    const QString question = QStringLiteral("The current game has been modified.  Do you want to "
-                                            "save the changes to this game?");
-    const auto abandon = [&](Answer answer) {
-        gui->Boxes.Boxes.clear();
-        gui->Boxes.Answers = {answer};
-        const bool result = Root().PersistMgr().AbandonCurrentGame();
-        EXPECT_EQ(gui->Boxes.Boxes.size(), 1u);
-        if (!gui->Boxes.Boxes.empty()) {
-            EXPECT_EQ(gui->Boxes.Boxes[0].Text, question);
-            EXPECT_EQ(gui->Boxes.Boxes[0].Kind, Icon::Question);
-            EXPECT_TRUE(gui->Boxes.Boxes[0].IsQuestion);
-        }
-        return result;
-    };
-    game->SetDirty(-1); // changes undone past the last save still count
-    EXPECT_FALSE(abandon(Answer::Cancel));
-    EXPECT_TRUE(abandon(Answer::No));
+    // Changes undone past the last save still count. Cancel keeps the game,
+    // No drops the changes, Yes saves them (and a cancelled save cancels).
+    game->SetDirty(-1);
+    gui->Boxes.Answers = {Answer::Cancel, Answer::No, Answer::Yes, Answer::Yes};
+    EXPECT_FALSE(Root().PersistMgr().AbandonCurrentGame());
+    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
+    EXPECT_EQ(gui->Boxes.Boxes[0].Text,
+              QStringLiteral("The current game has been modified.  Do you want to save the "
+                             "changes to this game?"));
+    EXPECT_TRUE(gui->Boxes.Boxes[0].IsQuestion && gui->Boxes.Boxes[0].Kind == Icon::Question);
+    EXPECT_TRUE(Root().PersistMgr().AbandonCurrentGame());
     EXPECT_EQ(game->Dirty(), -1);
-    // Yes saves; cancelling the save dialog cancels the close.
-    EXPECT_FALSE(abandon(Answer::Yes));
+    EXPECT_FALSE(Root().PersistMgr().AbandonCurrentGame());
     EXPECT_EQ(gui->Save.Shown.size(), 1);
     gui->Save.Choose(home.Path(), QStringLiteral("unsaved"), QStringLiteral("krf"));
-    EXPECT_TRUE(abandon(Answer::Yes));
+    EXPECT_TRUE(Root().PersistMgr().AbandonCurrentGame());
     EXPECT_EQ(game->Dirty(), 0);
     EXPECT_TRUE(QFile::exists(home.File(QStringLiteral("unsaved.krf"))));
-}
-
-TEST_F(PersistMgrTest, WithoutWindowsDialogsCountAsCancelledAndQuestionsTakeTheirDefault)
-{
-    writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
-    start(false);
-    activate(alphaId);
-    const auto game = newGame(QStringLiteral("Quiet"));
-    game->SetDirty(1);
-    EXPECT_FALSE(Root().PersistMgr().AbandonCurrentGame()) << "saving needs a name";
-    EXPECT_TRUE(Root().PersistMgr().SelectFileToOpen().isEmpty());
-    EXPECT_FALSE(Root().PersistMgr().SaveCurrentGameAs());
-
-    game->SetDirectory(home.Path());
-    game->SetFile(QStringLiteral("quiet"));
-    game->SetExtension(QStringLiteral("krf"));
-    EXPECT_TRUE(Root().PersistMgr().AbandonCurrentGame());
-    EXPECT_EQ(home.ReadFile(QStringLiteral("quiet.krf")), currentImage());
-    EXPECT_EQ(game->Dirty(), 0);
 }
 
 TEST_F(PersistMgrTest, TheSaveDialogStartsInTheGamesFolderElseTheLastElseTheCurrent)
@@ -515,11 +471,9 @@ TEST_F(PersistMgrTest, TheOpenFilterListsTheFileTypesOfTheContextsAndFixedModule
     gui->Save.Choose(home.Path(), QStringLiteral("axis"), QStringLiteral("aam"));
     ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
     const QString path = home.File(QStringLiteral("axis.aam"));
-    EXPECT_EQ(storedId(home.ReadFile(QStringLiteral("axis.aam"))), QByteArray("AAA"));
+    EXPECT_EQ(home.ReadFile(QStringLiteral("axis.aam")).mid(4, 4), QByteArray("\003AAA"));
     EXPECT_EQ(Root().PersistMgr().ContextIdFromFile(path), axisId);
     EXPECT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
-    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("Axis"));
-    EXPECT_TRUE(Root().PersistMgr().ContextIdFromFile(home.File("usermods/one.udm")).isEmpty());
 }
 
 TEST_F(PersistMgrTest, TextsTheFileCannotHoldAreNamedOnceBeforeSavingAndNoCancels)
@@ -549,86 +503,30 @@ TEST_F(PersistMgrTest, TextsTheFileCannotHoldAreNamedOnceBeforeSavingAndNoCancel
     gui->Save.Choose(home.Path(), QStringLiteral("tiger"), QStringLiteral("krf"));
     ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
     EXPECT_EQ(gui->Boxes.Boxes.size(), 1u);
-    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(home.File(QStringLiteral("tiger.krf"))));
-    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("????"));
-    EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Name(), QStringLiteral("??"));
     EXPECT_EQ(CPersistMgr::LossyTextsSummary({"a", "b", "c"}, 2, ", "),
               QStringLiteral("\"a\", \"b\", and 1 more"));
 }
 
-// Hostile files made here: a body declared far larger than the file holds,
-// a game of a million empty maps, and a large game of empty maps that can
-// be read. Each is handled within seconds and without a large allocation.
-TEST_F(PersistMgrTest, HostileFilesCostLittleTimeAndMemory)
+// A large game of empty maps reads within seconds, in little memory, and
+// writes no swap files for its maps.
+TEST_F(PersistMgrTest, ALargeGameOfEmptyMapsReadsQuicklyWithoutSwapFiles)
 {
-    TestGui* gui = startAlpha();
-    newGame(QStringLiteral("Current"));
-    const auto peakKiB = [] {
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        return static_cast<qint64>(usage.ru_maxrss);
-    };
-    const auto emptyMaps = [](int groups, int mapsPerGroup, int lastGroup) {
-        Bytes body;
-        body.i16(2).small("G").small("Many").small("").i16(static_cast<std::int16_t>(groups));
-        const QByteArray emptyMap =
-            Bytes().i16(1).small("").small("").text("").i16(0).i16(0).i16(0).data();
-        for (int g = 1; g <= groups; ++g) {
-            const int maps = g == groups ? lastGroup : mapsPerGroup;
-            body.small("GR" + QByteArray::number(g))
-                .i16(1)
-                .i16(0)
-                .i16(static_cast<std::int16_t>(maps));
-            body.append(emptyMap.repeated(maps));
+    startAlpha();
+    const QString path = home.WriteFile(QStringLiteral("many.krf"), emptyMaps(3, 32767, 10));
+    const qint64 peakBefore = peakKiB();
+    QElapsedTimer timer;
+    timer.start();
+    ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
+    // Counting units visits every map as korvane-tool info does.
+    std::int64_t units = 0;
+    for (const auto& group : Root().Game()->MapGroups())
+        for (const auto& map : group->Maps()) {
+            const CMapLock lock(map);
+            units += map->Units()->Count();
         }
-        return fileAround(body.data());
-    };
-    // 520 KB that inflate to about as much, declaring 512 MiB.
-    QByteArray noise(520 * 1024, '\0');
-    std::uint32_t seed = 12345;
-    for (char& c : noise)
-        c = static_cast<char>((seed = seed * 1103515245u + 12345u) >> 24);
-    QByteArray declared512 = fileAround(noise);
-    const std::int32_t length512 = 512 * 1024 * 1024;
-    std::memcpy(declared512.data() + 5 + alphaId.size(), &length512, 4);
-    const QByteArray million = emptyMaps(31, 32767, 1000000 - 30 * 32767);
-    EXPECT_LT(million.size(), 40 * 1024);
-
-    const struct
-    {
-        const char* file;
-        QByteArray bytes;
-        QString reason;
-    } cases[] = {{"declared512.krf", declared512, "damaged"},
-                 {"million.krf", million, "more than 250000 maps"},
-                 {"many.krf", emptyMaps(3, 32767, 10), QString()}};
-    for (const auto& c : cases) {
-        const QString path = home.WriteFile(QLatin1String(c.file), c.bytes);
-        gui->Boxes.Boxes.clear();
-        const qint64 peakBefore = peakKiB();
-        QElapsedTimer timer;
-        timer.start();
-        const bool loaded = Root().PersistMgr().LoadGameFromFile(path);
-        // Counting units visits every map as korvane-tool info does.
-        std::int64_t units = 0;
-        for (const auto& group : Root().Game()->MapGroups())
-            for (const auto& map : group->Maps()) {
-                const CMapLock lock(map);
-                units += map->Units()->Count();
-            }
-        EXPECT_LT(timer.elapsed(), 10000) << c.file;
-        EXPECT_LT(peakKiB() - peakBefore, 200 * 1024) << c.file;
-        EXPECT_EQ(loaded, c.reason.isEmpty()) << c.file;
-        if (!loaded) {
-            ASSERT_EQ(gui->Boxes.Boxes.size(), 1u) << c.file;
-            EXPECT_TRUE(gui->Boxes.Boxes[0].Text.contains(c.reason))
-                << gui->Boxes.Boxes[0].Text.toStdString();
-        } else {
-            EXPECT_EQ(Root().Game()->GetMapCount(), 2 * 32767 + 10);
-            EXPECT_EQ(units, 0);
-            EXPECT_EQ(QDir(CUtility::GetCacheDir()).entryList({"*.tmp"}, QDir::Files),
-                      QStringList())
-                << "empty maps write no swap files";
-        }
-    }
+    EXPECT_LT(timer.elapsed(), 10000);
+    EXPECT_LT(peakKiB() - peakBefore, 200 * 1024);
+    EXPECT_EQ(Root().Game()->GetMapCount(), 2 * 32767 + 10);
+    EXPECT_EQ(units, 0);
+    EXPECT_EQ(QDir(CUtility::GetCacheDir()).entryList({"*.tmp"}, QDir::Files), QStringList());
 }

@@ -2,74 +2,22 @@
 
 #include "persist/CInputStream.h"
 #include "persist/COutputStream.h"
-#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 #include <zlib.h>
 
-namespace {
-
-template <typename Stream> QByteArray content(const Stream& s)
+// Module packs inflate their entries here and check the lengths they get; a
+// damaged checksum leaves the length right, so only the result tells.
+TEST(CZlib, DamagedDataIsReportedEvenWhenItInflatesToTheWantedLength)
 {
-    return QByteArray(reinterpret_cast<const char*>(s.Address()), s.Size());
-}
-
-// 4096 bytes of Longs, full to capacity.
-COutputStream sample()
-{
-    COutputStream out;
-    for (int i = 0; i < 1024; ++i)
-        out.WriteLong(i * i % 1000);
-    return out;
-}
-
-} // namespace
-
-TEST(CZlib, CompactMatchesLevelNineAndRoundTrips)
-{
-    EXPECT_EQ(CZlib::CompactCapacity(4096), 4149);
-    EXPECT_EQ(CZlib::CompactCapacity(50) + CZlib::CompactCapacity(150), 62 + 164); // halves to even
+    const QByteArray plain = QByteArray("counter ").repeated(512);
+    QByteArray packed = qCompress(plain, 9).mid(4); // qCompress prefixes a length
+    packed[packed.size() - 1] = static_cast<char>(packed[packed.size() - 1] ^ 1);
+    CInputStream input = CInputStream::FromBytes(packed);
+    std::int32_t size = static_cast<std::int32_t>(plain.size());
     CZlib zlib;
-    COutputStream source = sample();
-    const QByteArray plain = content(source);
-    source.SetOffset(100);
-    source.MoveAddressToOffset(); // the whole buffer is compressed, wherever the mark is
-    const auto packed = zlib.Compact(source);
-    EXPECT_EQ(zlib.LastResult(), Z_OK);
-    QByteArray expected(4149, 0);
-    uLongf length = 4149;
-    compress2(reinterpret_cast<Bytef*>(expected.data()), &length,
-              reinterpret_cast<const Bytef*>(plain.data()), 4096, 9);
-    EXPECT_EQ(content(*packed), expected.left(static_cast<qsizetype>(length)));
-    EXPECT_EQ(packed->Offset(), 0);
-
-    // Padding after the zlib stream, as game files carry, is ignored; a size
-    // above the truth leaves a zero tail.
-    CInputStream input = CInputStream::FromBytes(content(*packed) + QByteArray(3, 0));
-    std::int32_t size = 4096 + 50;
-    const auto unpacked = zlib.Decompact(input, size);
-    EXPECT_EQ(zlib.LastResult(), Z_OK);
-    EXPECT_EQ(size, 4096);
-    EXPECT_EQ(content(*unpacked), plain + QByteArray(50, 0));
-}
-
-TEST(CZlib, DamagedOrShortDataIsReported)
-{
-    CZlib zlib;
-    const QByteArray good = content(*zlib.Compact(sample()));
-    QByteArray damaged = good;
-    for (qsizetype i = 2; i < damaged.size() - 4; i += 5)
-        damaged[i] = static_cast<char>(damaged[i] ^ 0x5A);
-    const std::pair<QByteArray, std::int32_t> cases[] = {
-        {damaged, 4096},    {good.left(good.size() / 2), 4096},
-        {"not zlib", 4096}, {good, 1000},
-        {good, 0},          {QByteArray(), 16}};
-    for (const auto& [bytes, wanted] : cases) {
-        CInputStream input = CInputStream::FromBytes(bytes);
-        std::int32_t size = wanted;
-        const auto result = zlib.Decompact(input, size);
-        EXPECT_NE(zlib.LastResult(), Z_OK) << bytes.size() << " " << wanted;
-        EXPECT_EQ(result->Size(), wanted > 0 ? wanted : -1);
-    }
+    zlib.Decompact(input, size);
+    EXPECT_EQ(zlib.LastResult(), Z_DATA_ERROR);
+    EXPECT_EQ(size, plain.size());
 }

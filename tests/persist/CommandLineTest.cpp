@@ -8,10 +8,22 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "persist/CGameFile.h"
+#include "support/EventLog.h"
 
 #include <QRegularExpression>
 
 namespace {
+
+// Every announcement, with "NewContext(<active id or none>)" for a new context.
+class AnnouncementLog : public EventLog
+{
+public:
+    void NotifyOfNewContext() override
+    {
+        const auto& context = Root().Context();
+        Lines << "NewContext(" + (context ? context->Id() : QStringLiteral("none")) + ')';
+    }
+};
 
 const QString alphaId = QStringLiteral("krm_alpha_v1");
 const QString betaId = QStringLiteral("krm_beta_v1");
@@ -53,73 +65,51 @@ protected:
 
 } // namespace
 
-TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneAnnouncingBothSteps)
+TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneWhichThenStaysForTheNextFile)
 {
     TestGui* gui = startTwo(true);
     const auto alpha = Root().Context();
-    const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
-
-    MMain::HandleCommandLine("  \"" + path + "\" --ignored  ");
-
-    EXPECT_EQ(announced(),
-              QStringList({"NewContext(none)", "NewContext(" + betaId + ')', "NewGame()"}));
-    ASSERT_TRUE(Root().Context());
-    EXPECT_EQ(Root().Context()->Id(), betaId);
-    EXPECT_EQ(Root().Context()->Tokens().Count(), 5) << "the new context is activated";
+    // A damaged file still switches to its context, and opens no game.
+    const QString broken = gameFile(QStringLiteral("broken.krf"), betaId, true);
+    MMain::HandleCommandLine(broken);
+    EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ')'}));
+    const auto beta = Root().Context();
+    ASSERT_TRUE(beta);
+    EXPECT_EQ(beta->Id(), betaId);
+    EXPECT_EQ(beta->Tokens().Count(), 5) << "the new context is activated";
     EXPECT_EQ(alpha->Tokens().Count(), 0) << "the old context is deactivated";
-    ASSERT_TRUE(Root().Game());
-    EXPECT_EQ(Root().Game()->File(), QStringLiteral("beta game"));
+    EXPECT_FALSE(Root().Game());
+    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
+    EXPECT_TRUE(gui->Boxes.Boxes[0].Text.startsWith("File '" + broken + "' cannot be opened."));
     // The progress window frames the activation and hears its reports.
     const QStringList& calls = gui->Progress.Calls;
     ASSERT_GE(calls.size(), 5);
-    EXPECT_EQ(calls.mid(0, 2), QStringList({"Load", "Show"}));
-    EXPECT_EQ(calls.mid(calls.size() - 2), QStringList({"Hide", "Unload"}));
-    EXPECT_TRUE(gui->Boxes.Boxes.empty());
-}
+    EXPECT_EQ(calls.first(2) + calls.last(2), QStringList({"Load", "Show", "Hide", "Unload"}));
 
-TEST_F(CommandLineTest, WithNoContextActiveTheFilesContextIsActivatedOnceAndThenKept)
-{
-    TestGui* gui = startTwo(false);
-    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId));
-    EXPECT_EQ(announced(), QStringList({"NewContext(" + betaId + ")", "NewGame()"}));
-    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
-
-    const auto beta = Root().Context();
     log->Lines.clear();
     gui->Progress.Calls.clear();
-    MMain::HandleCommandLine(gameFile(QStringLiteral("second.krf"), betaId) + " more words");
+    const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
+    MMain::HandleCommandLine("  \"" + path + "\" --ignored  ");
     EXPECT_EQ(announced(), QStringList{"NewGame()"});
     EXPECT_EQ(Root().Context(), beta);
-    EXPECT_EQ(beta->Tokens().Count(), 5);
     EXPECT_TRUE(gui->Progress.Calls.isEmpty());
-    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("second.krf"));
+    ASSERT_TRUE(Root().Game());
+    EXPECT_EQ(Root().Game()->File(), QStringLiteral("beta game"));
 }
 
-TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilently)
+TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilentlyOthersActivateTheirs)
 {
-    TestGui* gui = startTwo(true);
-    const auto alpha = Root().Context();
+    TestGui* gui = startTwo(false);
     for (const QString& line : {gameFile(QStringLiteral("gone.krf"), QStringLiteral("krm_gone_v1")),
                                 home.WriteFile(QStringLiteral("text.krf"), "KR02 not a game"),
                                 home.File(QStringLiteral("absent.krf")), QString()}) {
         MMain::HandleCommandLine(line);
         EXPECT_TRUE(announced().isEmpty()) << line.toStdString();
         EXPECT_TRUE(gui->Boxes.Boxes.empty()) << line.toStdString();
-        EXPECT_EQ(Root().Context(), alpha);
+        EXPECT_FALSE(Root().Context());
         EXPECT_FALSE(Root().Game());
     }
-}
-
-TEST_F(CommandLineTest, ADamagedFileOfAKnownContextLeavesThatContextActiveAndNoGame)
-{
-    TestGui* gui = startTwo(true);
-    const QString path = gameFile(QStringLiteral("broken.krf"), betaId, true);
-
-    MMain::HandleCommandLine(path);
-
-    EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ")"}));
-    EXPECT_EQ(Root().Context()->Id(), betaId);
-    EXPECT_FALSE(Root().Game());
-    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
-    EXPECT_TRUE(gui->Boxes.Boxes[0].Text.startsWith("File '" + path + "' cannot be opened."));
+    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId) + " more words");
+    EXPECT_EQ(announced(), QStringList({"NewContext(" + betaId + ")", "NewGame()"}));
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
 }

@@ -6,45 +6,28 @@
 
 #include <zlib.h>
 
-void AnnouncementLog::NotifyOfNewContext()
-{
-    const auto& context = Root().Context();
-    Lines << "NewContext(" + (context ? context->Id() : QStringLiteral("none")) + ')';
-}
-
-QByteArray Compressed(const QByteArray& body)
-{
-    uLongf length = compressBound(static_cast<uLong>(body.size()));
-    QByteArray out(static_cast<qsizetype>(length), '\0');
-    compress2(reinterpret_cast<Bytef*>(out.data()), &length,
-              reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()), 9);
-    out.resize(static_cast<qsizetype>(length));
-    return out;
-}
-
 QByteArray FileAround(const QByteArray& body, const QByteArray& storedId)
 {
+    uLongf packed = compressBound(static_cast<uLong>(body.size()));
+    QByteArray out(static_cast<qsizetype>(packed), '\0');
+    compress2(reinterpret_cast<Bytef*>(out.data()), &packed,
+              reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()), 9);
+    out.resize(static_cast<qsizetype>(packed));
     const auto length = static_cast<std::int32_t>(body.size());
     return "KR01" + (char(storedId.size()) + storedId) +
-           QByteArray(reinterpret_cast<const char*>(&length), 4) + Compressed(body);
+           QByteArray(reinterpret_cast<const char*>(&length), 4) + out;
 }
 
-TestModule PersistTest::module(const QString& name, const QStringList& tokenIds)
+TestModule PersistTest::module(const QString& name)
 {
     TestModule m;
     m.UniqueId = name;
     m.Title = name;
-    if (tokenIds.isEmpty()) {
-        m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
-                    TestToken(QStringLiteral("tank")),
-                    TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
-                    TestToken(QStringLiteral("mark"), QStringLiteral("Numeric")),
-                    TestToken(QStringLiteral("note"), QStringLiteral("Text"))};
-    } else {
-        m.Tokens.clear();
-        for (const QString& id : tokenIds)
-            m.Tokens.emplace_back(id);
-    }
+    m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
+                TestToken(QStringLiteral("tank")),
+                TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
+                TestToken(QStringLiteral("mark"), QStringLiteral("Numeric")),
+                TestToken(QStringLiteral("note"), QStringLiteral("Text"))};
     return m;
 }
 
@@ -53,12 +36,11 @@ void PersistTest::writeModule(const QString& fileName, const TestModule& m) cons
     m.WriteTo(home.File(QStringLiteral("modules/") + fileName));
 }
 
-TestGui* PersistTest::start(bool withGui)
+TestGui* PersistTest::start()
 {
     auto root = std::make_shared<CKorvane>();
     InstallRoot(root);
-    if (withGui)
-        root->SetGuiFactory([] { return std::make_unique<TestGui>(); });
+    root->SetGuiFactory([] { return std::make_unique<TestGui>(); });
     root->Constructor(nullptr);
     return static_cast<TestGui*>(root->Gui());
 }
@@ -79,9 +61,4 @@ std::shared_ptr<CGame> PersistTest::newGame(const QString& name)
     game->SetName(name);
     Root().SetGame(game);
     return game;
-}
-
-QByteArray PersistTest::storedId(const QByteArray& file)
-{
-    return file.mid(5, static_cast<unsigned char>(file.at(4)));
 }

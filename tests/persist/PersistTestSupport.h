@@ -4,7 +4,6 @@
 #include "core/CKorvane.h"
 #include "core/FProgressWin.h"
 #include "support/ContextTestSupport.h"
-#include "support/EventLog.h"
 #include "support/ScriptedFileDlg.h"
 #include "support/TestHome.h"
 
@@ -42,16 +41,8 @@ public:
     RecordingProgressWin Progress;
 };
 
-// Every announcement, with "NewContext(<active id or none>)" for a new context.
-class AnnouncementLog : public EventLog
-{
-public:
-    void NotifyOfNewContext() override;
-};
-
-// body compressed as game files store it (zlib, level 9).
-QByteArray Compressed(const QByteArray& body);
-// A game file image around an arbitrary body, for damaged-file cases.
+// A game file image around an arbitrary body, compressed as game files
+// store it (zlib, level 9), for exact and damaged-file cases.
 QByteArray FileAround(const QByteArray& body, const QByteArray& storedId);
 
 // A home whose module packs the test writes before it starts the root.
@@ -61,16 +52,14 @@ protected:
     void TearDown() override { ReleaseRoot(); }
 
     // A standard module "krm_<name>_v1" titled name, with tokens of each kind.
-    static TestModule module(const QString& name, const QStringList& tokenIds = {});
+    static TestModule module(const QString& name);
     void writeModule(const QString& fileName, const TestModule& m) const;
-    // Starts the root with a TestGui (or none); returns the GUI.
-    TestGui* start(bool withGui = true);
+    // Starts the root with a TestGui; returns the GUI.
+    TestGui* start();
     // Activates the installed context of that id and makes it the root's.
     void activate(const QString& id);
     // A game of the active context: one group, one map, as a new game starts.
     std::shared_ptr<CGame> newGame(const QString& name);
-    // The stored context id of a file, as written.
-    static QByteArray storedId(const QByteArray& file);
 
     TestHome home;
 };

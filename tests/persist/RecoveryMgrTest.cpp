@@ -11,53 +11,34 @@
 
 namespace {
 
-// A game of the module "alpha", saved as turn.krf in the home, then changed.
-class RecoveryMgrTest : public PersistTest
-{
-protected:
-    void SetUp() override
-    {
-        writeModule("alpha.krm", module("alpha"));
-        gui = start();
-        activate("krm_alpha_v1");
-        game = newGame("Kursk");
-        gui->Save.Choose(home.Path(), "turn", "krf");
-        ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
-        saved = home.ReadFile("turn.krf");
-        game->SetName("Kursk, moved");
-        game->SetDirty(2);
-    }
-
-    static QStringList recoveryFiles()
-    {
-        return QDir(CUtility::GetRecoveryDir()).entryList(QDir::Files);
-    }
-
-    TestGui* gui = nullptr;
-    std::shared_ptr<CGame> game;
-    QByteArray saved;
-};
+using RecoveryMgrTest = PersistTest;
 
 } // namespace
 
-TEST_F(RecoveryMgrTest, CopiesOnlyWhileChangedAndLeavesTheGameAndItsFileAlone)
+TEST_F(RecoveryMgrTest, CopiesChangedGamesAndOffersOnlyThoseOfKorvanesThatDiedAsUnsavedChanges)
 {
-    CRecoveryMgr recovery;
-    ASSERT_TRUE(recovery.WriteCopy());
-    EXPECT_EQ(game->Dirty(), 2);
-    EXPECT_EQ(home.ReadFile("turn.krf"), saved);
-    EXPECT_EQ(recoveryFiles().size(), 3); // the copy, its info and its lock
-    recovery.GameSaved();
-    EXPECT_EQ(recoveryFiles(), QStringList());
-    game->SetDirty(0);
-    ASSERT_TRUE(recovery.WriteCopy());
-    EXPECT_EQ(recoveryFiles(), QStringList());
-}
+    // A game of the module "alpha", saved as turn.krf in the home, then changed.
+    writeModule("alpha.krm", module("alpha"));
+    TestGui* gui = start();
+    activate("krm_alpha_v1");
+    const auto game = newGame("Kursk");
+    gui->Save.Choose(home.Path(), "turn", "krf");
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGame());
+    game->SetName("Kursk, moved");
+    game->SetDirty(2);
 
-TEST_F(RecoveryMgrTest, OffersOnlyCopiesOfKorvanesThatDiedAndRestoresThemAsUnsavedChanges)
-{
+    // A copy is kept only while the game has changes, and goes when it is saved.
+    CRecoveryMgr saving;
+    ASSERT_TRUE(saving.WriteCopy());
+    saving.GameSaved();
+    game->SetDirty(0);
+    ASSERT_TRUE(saving.WriteCopy());
+    EXPECT_EQ(QDir(CUtility::GetRecoveryDir()).entryList(QDir::Files), QStringList());
+    game->SetDirty(2);
+
     auto crashed = std::make_unique<CRecoveryMgr>();
     ASSERT_TRUE(crashed->WriteCopy());
+    EXPECT_EQ(game->Dirty(), 2);
     CRecoveryMgr next;
     // The other Korvane still runs: its copy is not ours to take.
     EXPECT_FALSE(next.OfferRecovery(gui->Boxes));
@@ -70,10 +51,8 @@ TEST_F(RecoveryMgrTest, OffersOnlyCopiesOfKorvanesThatDiedAndRestoresThemAsUnsav
     ASSERT_TRUE(next.OfferRecovery(gui->Boxes));
     ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
     const QString text = gui->Boxes.Boxes[0].Text;
-    EXPECT_TRUE(QRegularExpression("^Restore unsaved changes to 'turn\\.krf' from \\S.*\\?$")
-                    .match(text)
-                    .hasMatch())
-        << text.toStdString();
+    const QRegularExpression question("^Restore unsaved changes to 'turn\\.krf' from \\S.*\\?$");
+    EXPECT_TRUE(question.match(text).hasMatch()) << text.toStdString();
     const std::shared_ptr<CGame> restored = Root().Game();
     EXPECT_EQ(restored->Name(), "Kursk, moved");
     EXPECT_NE(restored->Dirty(), 0);
