@@ -67,6 +67,7 @@ TEST_F(ModuleDefinitionTest, BadDocumentsAreRefusedQuietlyNamingTheLine)
          "<min_kr_version>1.0</min_kr_version></game_info>",
          "not <module_def>"},
         {"newer revision needed", ">1.0<", ">1.0.1<", "1.0.1 or later"},
+        {"newer minor needed", ">1.0<", ">1.1<", "1.1 or later"},
         {"unreadable version", ">1.0<", ">1.x<", "1.x"},
         {"unknown format version", "format_version=\"1\"", "format_version=\"2\"",
          "format_version"},
