@@ -4,20 +4,27 @@
 #include "actions/CActionNewMapGroup.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
+#include "core/CConfiguration.h"
 #include "model/CGame.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "render/CMapExport.h"
+#include "support/QtPrinters.h"
 #include "support/TestContext.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
 #include "ui/CGameCommands.h"
+#include "ui/CMapState.h"
 #include "ui/UMapTabs.h"
 #include "ui/UTokenPalette.h"
+#include "ui/frmMapText.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
+#include <QPlainTextEdit>
+#include <QTest>
 #include <QToolBox>
 
 #include <cstring>
@@ -238,6 +245,88 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Units()->Count(),
               game->ActiveMapGroup()->ActiveMap()->Units()->Count());
     EXPECT_EQ(Root().ActionMgr().NextUndoAction(), nullptr);
+}
+
+// Typed map text becomes one edit before another map is shown; a protected
+// map's text is read-only; Alt hands the focus to the window; a floating
+// text window comes back where it was.
+TEST_F(MainWindow, MapTextIsCommittedOnceBeforeAnotherMapShowsAndComesBackWhereItWas)
+{
+    newGame();
+    auto addMap = std::make_shared<CActionNewMap>();
+    addMap->SetName(QStringLiteral("Turn 2"));
+    Root().ActionMgr().Execute(addMap);
+    Root().ActionMgr().Clear();
+    const std::shared_ptr<CMapGroup> group = Root().Game()->ActiveMapGroup();
+    const std::shared_ptr<CMap> first = group->Maps().Item(1);
+    const std::shared_ptr<CMap> second = group->ActiveMap();
+    const int last = group->Maps().Count() - 1;
+    second->SetText(QStringLiteral("Rain."));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window; }));
+    const auto clickTab = [tabs = window->MapTabs()](int index) {
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+    };
+    clickTab(0);
+    clickTab(last);
+    frmMapText* dock = window->MapText();
+    dock->Show();
+    auto* box = dock->findChild<QPlainTextEdit*>(QStringLiteral("txtMapText"));
+    const auto type = [box](const QString& text) {
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(box, text);
+    };
+    EXPECT_EQ(box->toPlainText(), "Rain.");
+    // Leaving the box without a change records nothing.
+    box->setFocus();
+    clickTab(last);
+    EXPECT_EQ(Root().ActionMgr().NextUndoAction(), nullptr);
+
+    type(QStringLiteral(" Mud"));
+    type(QStringLiteral(" everywhere."));
+    box->setFocus();
+    clickTab(0);
+    EXPECT_EQ(group->ActiveMap(), first);
+    EXPECT_EQ(second->Text(), "Rain. Mud everywhere.");
+    EXPECT_EQ(Root().ActionMgr().NextUndoAction()->Caption(), "Edit Map Text");
+    EXPECT_EQ(box->toPlainText(), first->Text());
+    // One undo step brings the edited map back with its old text.
+    Root().ActionMgr().Undo();
+    EXPECT_EQ(group->ActiveMap(), second);
+    EXPECT_EQ(box->toPlainText(), "Rain.");
+    EXPECT_EQ(Root().ActionMgr().NextUndoAction(), nullptr);
+
+    // A switch no gesture announced keeps typed text for when the map returns.
+    box->setFocus();
+    box->setPlainText(QStringLiteral("Fog."));
+    CMapState::SwitchToMap(first);
+    CMapState::SwitchToMap(second);
+    EXPECT_EQ(box->toPlainText(), "Fog.");
+    type(QStringLiteral(" Hold the ford."));
+    QTest::keyClick(box, Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(second->Text(), "Fog. Hold the ford.");
+    EXPECT_EQ(QApplication::focusWidget(), window);
+
+    first->SetText(QStringLiteral("Sealed orders."));
+    first->SetFrozen(true);
+    clickTab(0);
+    type(QStringLiteral("x"));
+    clickTab(0);
+    EXPECT_EQ(box->toPlainText(), "Sealed orders.");
+    EXPECT_EQ(first->Text(), "Sealed orders.");
+
+    dock->setFloating(true);
+    const QRect placed(140, 120, 330, 260);
+    dock->setGeometry(placed);
+    QTest::qWait(0);
+    dock->hide();
+    EXPECT_EQ(Root().Config().GetValue(QStringLiteral("frmMapText"), QStringLiteral("Width")),
+              "330");
+    frmMapText restarted(window);
+    restarted.Show();
+    EXPECT_TRUE(restarted.isFloating());
+    EXPECT_EQ(restarted.geometry(), placed);
 }
 
 } // namespace
