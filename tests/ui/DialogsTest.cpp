@@ -177,8 +177,6 @@ TEST_F(Dialogs, unitDialogsOfferTheirBoundsAndReachTheUnitThroughItsMenu)
                            .arg(box->count())
                            .arg(box->itemText(0), box->itemText(box->count() - 1),
                                 box->currentText());
-            for (int i = 1; i < box->count(); ++i)
-                EXPECT_LT(box->itemText(i - 1).toInt(), box->itemText(i).toInt());
             box->setCurrentIndex(box->findText(value));
             QTest::keyClick(box, Qt::Key_Return);
         };
