@@ -11,28 +11,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-
-namespace {
-
-// Removed by an exit handler: the environment itself is never destroyed, as
-// libFuzzer ends the process with exit() from inside a run.
-std::string& baseToRemove()
-{
-    static std::string path;
-    return path;
-}
-
-void removeBase()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(baseToRemove(), ignored);
-}
-
-} // namespace
-
 FuzzEnvironment& FuzzEnvironment::Get()
 {
     static FuzzEnvironment* const environment = new FuzzEnvironment();
@@ -45,36 +23,27 @@ FuzzEnvironment::FuzzEnvironment()
     static int argc = 1;
     static char name[] = "korvane-fuzz";
     static char* argv[] = {name, nullptr};
-    // Lives as long as the process, like the environment; Qt keeps its pointer.
+    // Lives as long as the process; Qt keeps its pointer.
     new QGuiApplication(argc, argv);
 
-    QTemporaryDir base(QDir::tempPath() + QStringLiteral("/korvane-fuzz-XXXXXX"));
-    base.setAutoRemove(false);
+    // A static: exit() runs its destructor, which removes the folder.
+    static const QTemporaryDir base(QDir::tempPath() + QStringLiteral("/korvane-fuzz-XXXXXX"));
     if (!base.isValid())
         qFatal("cannot create a temporary folder");
-    m_base = base.path() + QLatin1Char('/');
-    baseToRemove() = QFile::encodeName(m_base).toStdString();
-    std::atexit(removeBase);
-
     QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_base + "settings");
-    const QString home = m_base + QStringLiteral("home/");
-    m_scratch = m_base + QStringLiteral("scratch/");
-    QDir().mkpath(home + QStringLiteral("modules"));
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, base.filePath("settings"));
+    const QString modules = base.filePath(QStringLiteral("home/modules/"));
+    m_scratch = base.filePath(QStringLiteral("scratch/"));
+    QDir().mkpath(modules);
     QDir().mkpath(m_scratch);
     const QDir shipped(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR));
     for (const QString& pack : shipped.entryList({QStringLiteral("*.krm")}, QDir::Files))
-        QFile::copy(shipped.filePath(pack), home + QStringLiteral("modules/") + pack);
-    qputenv("KORVANE_HOME", QFile::encodeName(home));
+        QFile::copy(shipped.filePath(pack), modules + pack);
+    qputenv("KORVANE_HOME", QFile::encodeName(base.filePath(QStringLiteral("home"))));
 
     m_root = std::make_shared<CKorvane>();
     InstallRoot(m_root);
     m_root->Constructor(nullptr);
-}
-
-CKorvane& FuzzEnvironment::Root() const
-{
-    return *m_root;
 }
 
 bool FuzzEnvironment::Activate(const std::shared_ptr<IGameContext>& context)

@@ -1,7 +1,7 @@
 // korvane-fuzz-seeds OUTDIR: writes the seed corpora of the fuzz targets from
 // the shipped modules, into OUTDIR/<target>/: the packs themselves and a
-// small one, the module.def of each, the new game of every usable module, and swap files of
-// a map holding one unit of each token plus an arrow.
+// small one, the module.def of each, the new game of every usable module, and
+// the swap file of a map holding one unit of each token plus an arrow.
 #include "FuzzEnvironment.h"
 
 #include "contexts/CContextMgr.h"
@@ -81,11 +81,6 @@ int main(int argc, char** argv)
     if (!context)
         qFatal("no shipped module can be used");
     CMap map(CUtility::GenerateId(), CUtility::GenerateId());
-    map.AquireLock();
-    map.ReleaseLock();
-    // An empty map may swap out without writing a file.
-    if (QFile::exists(map.SwapFile()))
-        writeSeed(out + "swap_file", QStringLiteral("empty.swap"), fileBytes(map.SwapFile()));
     map.AquireLock();
     const CVector<IToken>& tokens = context->Tokens();
     for (std::int32_t i = 1; i <= tokens.Count(); ++i) {
