@@ -2,7 +2,6 @@
 #include "actions/CActionMgr.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
-#include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CConfiguration.h"
 #include "model/CGame.h"
@@ -29,8 +28,6 @@
 
 namespace {
 
-const QString skirmishId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
-
 class MainWindow : public WindowFixture
 {
 protected:
@@ -47,11 +44,6 @@ protected:
         if (!found->isVisible())
             return QStringLiteral("(hidden)");
         return found->text() + (found->isEnabled() ? QString() : QStringLiteral(" (off)"));
-    }
-    void newGame()
-    {
-        gui->NewGame.GameId = skirmishId;
-        ASSERT_TRUE(CGameCommands::NewGame());
     }
     // Drops a counter of the first palette token on the shown map.
     void dropCounter(std::int32_t x, std::int32_t y) const
