@@ -10,7 +10,6 @@
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
-#include "core/KorvaneError.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -67,13 +66,9 @@ int main(int argc, char** argv)
         const std::shared_ptr<IGameContext> context = contexts.Context(i);
         if (!environment.Activate(context))
             continue;
-        try {
-            const std::shared_ptr<CGame> game = context->CreateDefaultGame();
-            writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
-                      CGameFile::ToBytes(*game, CContextMgr::TranslateInternalId(context->Id())));
-        } catch (const KorvaneError& error) {
-            qWarning("no new game of %s: %s", qPrintable(context->Id()), error.what());
-        }
+        writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
+                  CGameFile::ToBytes(*context->CreateDefaultGame(),
+                                     CContextMgr::TranslateInternalId(context->Id())));
     }
 
     // The swap target reads its files under the context it picks itself.
