@@ -68,13 +68,10 @@ TEST(Installed, FindsTheShippedModulesAndWritesOnlyIntoTheUsersFolders)
     ASSERT_TRUE(install.startsWith(QStringLiteral("0|"))) << install.toStdString();
     const QString prefix = destDir.path() + "/usr/";
     const QString shipped = prefix + "share/korvane/modules/";
-    const QStringList expected{"bin/korvane-tool", "share/applications/korvane.desktop",
-                               "share/mime/packages/korvane.xml",
-                               "share/icons/hicolor/scalable/apps/korvane.svg", "bin/korvane"};
-    for (const QString& file : expected)
-        EXPECT_TRUE(QFileInfo(prefix + file).isFile()) << file.toStdString();
-
-    EXPECT_EQ(run("desktop-file-validate", {prefix + expected[1]}), "0|");
+    // The tool, the desktop entry and the file type are used below.
+    for (const char* file : {"bin/korvane", "share/icons/hicolor/scalable/apps/korvane.svg"})
+        EXPECT_TRUE(QFileInfo(prefix + file).isFile()) << file;
+    EXPECT_EQ(run("desktop-file-validate", {prefix + "share/applications/korvane.desktop"}), "0|");
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.remove("KORVANE_HOME");
     for (const char* name : {"XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "HOME"})
@@ -82,7 +79,7 @@ TEST(Installed, FindsTheShippedModulesAndWritesOnlyIntoTheUsersFolders)
     // shared-mime-info compiles the package only when it reads it.
     const QString mimeDir = env.value("XDG_DATA_HOME") + "/mime";
     QDir().mkpath(mimeDir + "/packages");
-    QFile::copy(prefix + expected[2], mimeDir + "/packages/korvane.xml");
+    QFile::copy(prefix + "share/mime/packages/korvane.xml", mimeDir + "/packages/korvane.xml");
     EXPECT_EQ(run("update-mime-database", {mimeDir}, env), "0|");
     QFile globs(mimeDir + "/globs2");
     ASSERT_TRUE(globs.open(QIODevice::ReadOnly));
