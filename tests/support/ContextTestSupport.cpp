@@ -102,7 +102,7 @@ QString TestModule::Definition() const
                "<map_image_width>%6</map_image_width><map_image_height>%6</map_image_height>"
                "</image_settings>\n<tabs>\n%7</tabs>\n"
                "<initial_setup_cmf>%8</initial_setup_cmf>\n</module_def>\n")
-        .arg(Title.toHtmlEscaped(), UniqueId, QStringLiteral("1"), Board)
+        .arg(Title.toHtmlEscaped(), UniqueId, Version, Board)
         .arg(PalletSize)
         .arg(UnitSize)
         .arg(tabs, InitialGame);
@@ -114,7 +114,7 @@ QByteArray TestModule::Pack() const
     if (WithDefinition)
         writer.AddEntry(QStringLiteral("module.def"), Definition().toUtf8());
     if (WithBoard)
-        writer.AddEntry(Board, Picture(Board, {300, 200}));
+        writer.AddEntry(Board, Picture(Board, BoardSize));
     writer.AddEntry(QStringLiteral("icon.png"), Picture(QStringLiteral("icon.png"), {16, 16}));
     std::set<QString> written{Board.toLower(), QStringLiteral("icon.png")};
     for (const TestToken& t : Tokens) {

@@ -36,14 +36,15 @@ struct TestToken
     QString Extra;
 };
 
-// A module pack written by the test itself: a valid definition (version 1), a
-// 300 x 200 board and one solid picture per named entry, each in a colour of
-// its own.
+// A module pack written by the test itself: a valid definition, a board and
+// one solid picture per named entry, each in a colour of its own.
 struct TestModule
 {
     QString UniqueId = QStringLiteral("test_module");
+    QString Version = QStringLiteral("1");
     QString Title = QStringLiteral("Test Module");
     QString Board = QStringLiteral("board.png");
+    QSize BoardSize{300, 200};
     QString InitialGame;
     int PalletSize = 24;
     int UnitSize = 32;
