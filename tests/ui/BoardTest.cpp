@@ -21,6 +21,9 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <tuple>
+#include <utility>
+
 namespace {
 
 // The main window on screen with Border Skirmish's new game, its map emptied.
@@ -150,38 +153,31 @@ TEST_F(BoardTest, DropsDragsAndMergesGoThroughTheTokensAsUndoableSteps)
 
 TEST_F(BoardTest, HeldDigitTearsOffThatManyAndTheDragCarriesThem)
 {
-    struct Case
-    {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        int stackSize;
-        int tornOff; // 0: the whole stack is dragged
-    };
-    const Case cases[] = {{Qt::Key_3, Qt::NoModifier, 12, 3},
-                          {Qt::Key_0, Qt::KeypadModifier, 12, 10},
-                          {Qt::Key_5, Qt::NoModifier, 5, 0}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.tornOff);
-        const auto pressed = stack(QPoint(100, 100), c.stackSize);
+    // The key held, the stack's size and how many are torn off (0: the whole stack).
+    const std::tuple<QKeyCombination, int, int> cases[] = {
+        {Qt::Key_3, 12, 3}, {Qt::KeypadModifier | Qt::Key_0, 12, 10}, {Qt::Key_5, 5, 0}};
+    for (const auto& [key, stackSize, tornOff] : cases) {
+        SCOPED_TRACE(tornOff);
+        const auto pressed = stack(QPoint(100, 100), stackSize);
         const std::int32_t before = units();
-        QTest::keyPress(board, c.key, c.modifiers);
+        QTest::keyPress(board, key.key(), key.keyboardModifiers());
         drag(QPoint(100, 100), QPoint(300, 250));
-        QTest::keyRelease(board, c.key, c.modifiers);
-        if (c.tornOff == 0) {
+        QTest::keyRelease(board, key.key(), key.keyboardModifiers());
+        if (tornOff == 0) {
             EXPECT_EQ(units(), before);
             EXPECT_EQ(placeOf(*pressed), QPoint(300, 250) - toCorner);
         } else {
             ASSERT_EQ(units(), before + 1);
-            EXPECT_EQ(pressed->Data(), QString::number(c.stackSize - c.tornOff));
+            EXPECT_EQ(pressed->Data(), QString::number(stackSize - tornOff));
             EXPECT_EQ(placeOf(*pressed), QPoint(80, 80));
-            EXPECT_EQ(last()->Caption(), QStringLiteral("x%1").arg(c.tornOff));
+            EXPECT_EQ(last()->Caption(), QStringLiteral("x%1").arg(tornOff));
             EXPECT_EQ(placeOf(*last()), QPoint(300, 250) - toCorner);
             EXPECT_EQ(Root().ActionMgr().NextUndoAction()->Caption(),
-                      QStringLiteral("Tear Off %1").arg(c.tornOff));
+                      QStringLiteral("Tear Off %1").arg(tornOff));
         }
         Root().ActionMgr().Undo();
         EXPECT_EQ(units(), before);
-        EXPECT_EQ(pressed->Data(), QString::number(c.stackSize));
+        EXPECT_EQ(pressed->Data(), QString::number(stackSize));
         EXPECT_EQ(placeOf(*pressed), QPoint(80, 80));
         Root().ActionMgr().Undo(); // the stack itself
         Root().ActionMgr().Undo();
@@ -279,20 +275,17 @@ TEST_F(BoardTest, KeysScrollByLinesAndPagesAndCtrlDragOnEmptyMapScrolls)
     ASSERT_DOUBLE_EQ(board->Zoom(), CBoardZoom::Maximum);
     QScrollBar* down = board->verticalScrollBar();
     down->setValue(100);
-    const struct
-    {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        int change;
-    } keys[] = {{Qt::Key_Down, Qt::NoModifier, down->singleStep()},
-                {Qt::Key_Down, Qt::ControlModifier, down->pageStep()},
-                {Qt::Key_PageUp, Qt::NoModifier, -down->pageStep()},
-                {Qt::Key_Down, Qt::ShiftModifier, 0},
-                {Qt::Key_PageUp, Qt::ControlModifier, 0}};
-    for (const auto& k : keys) {
+    // A key and how far it moves the vertical scroll bar.
+    const std::pair<QKeyCombination, int> keys[] = {
+        {Qt::Key_Down, down->singleStep()},
+        {Qt::ControlModifier | Qt::Key_Down, down->pageStep()},
+        {Qt::Key_PageUp, -down->pageStep()},
+        {Qt::ShiftModifier | Qt::Key_Down, 0},
+        {Qt::ControlModifier | Qt::Key_PageUp, 0}};
+    for (const auto& [key, change] : keys) {
         const int before = down->value();
-        QTest::keyClick(board, k.key, k.modifiers);
-        EXPECT_EQ(down->value() - before, k.change) << k.key;
+        QTest::keyClick(board, key.key(), key.keyboardModifiers());
+        EXPECT_EQ(down->value() - before, change) << key.toCombined();
     }
 
     board->ZoomReset();
