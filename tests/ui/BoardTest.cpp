@@ -45,11 +45,7 @@ protected:
     }
     static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
     static std::int32_t units() { return map()->Units()->Count(); }
-    static std::shared_ptr<CUnit> unit(std::int32_t position)
-    {
-        return map()->Units()->Item(position);
-    }
-    static std::shared_ptr<CUnit> last() { return unit(units()); }
+    static std::shared_ptr<CUnit> last() { return map()->Units()->Item(units()); }
     QPoint view(QPoint boardPixel) const { return board->mapFromScene(QPointF(boardPixel)); }
 
     void mouse(QEvent::Type type, QPoint boardPixel, Qt::MouseButton button = Qt::LeftButton,
@@ -250,7 +246,7 @@ TEST_F(BoardTest, ZoomKeepsModelPositionsExact)
     ASSERT_DOUBLE_EQ(board->Zoom(), 2.0);
     dropFromPalette(QStringLiteral("red_inf"), QPoint(123, 87));
     EXPECT_EQ(placeOf(*last()), atFull);
-    EXPECT_EQ(board->HitTest(123, 87), unit(1));
+    EXPECT_EQ(board->HitTest(123, 87), map()->Units()->Item(1));
 
     // Ctrl + wheel zooms about the pointer: the board pixel under it stays.
     const QPoint pointer = view(QPoint(200, 150));
@@ -310,7 +306,7 @@ TEST_F(BoardTest, ArrowHeadDraggedByItsHandleAndUndoneFollowsOnTheBoard)
     };
 
     // The head handle is grabbed by its token's region.
-    const auto token = unit(1)->Token();
+    const auto token = map()->Units()->Item(1)->Token();
     const QPoint grip(token->RegionLeft() + token->RegionWidth() / 2,
                       token->RegionTop() + token->RegionHeight() / 2);
     const QPoint oldHead(arrow->HeadX(), arrow->HeadY());

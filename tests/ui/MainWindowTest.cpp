@@ -1,4 +1,3 @@
-#include "actions/CActToolResetMoved.h"
 #include "actions/CActionMgr.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
