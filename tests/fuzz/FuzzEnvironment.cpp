@@ -3,7 +3,7 @@
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
-#include "core/KorvaneError.h"
+#include "core/MMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -46,28 +46,12 @@ FuzzEnvironment::FuzzEnvironment()
     m_root->Constructor(nullptr);
 }
 
-bool FuzzEnvironment::Activate(const std::shared_ptr<IGameContext>& context)
-{
-    if (m_root->Context() == context)
-        return true;
-    if (m_root->Context())
-        m_root->Context()->Deactivate();
-    m_root->SetContext(nullptr);
-    try {
-        context->Activate(nullptr);
-    } catch (const KorvaneError&) {
-        return false;
-    }
-    m_root->SetContext(context);
-    return true;
-}
-
 std::shared_ptr<IGameContext> FuzzEnvironment::AnyUsableContext()
 {
     const CContextMgr& contexts = m_root->ContextMgr();
     for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
         const std::shared_ptr<IGameContext> context = contexts.Context(i);
-        if (Activate(context) && context->Tokens().Count() > 0)
+        if (MMain::SwitchContext(context) && context->Tokens().Count() > 0)
             return context;
     }
     return nullptr;

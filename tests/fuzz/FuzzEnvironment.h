@@ -18,9 +18,6 @@ public:
     static FuzzEnvironment& Get();
 
     CKorvane& Root() const { return *m_root; }
-    // Makes context the active one, activating it only when it changes.
-    // False when its module cannot be used.
-    bool Activate(const std::shared_ptr<IGameContext>& context);
     // The first installed context whose module can be used and whose token
     // list is not empty; null when there is none.
     std::shared_ptr<IGameContext> AnyUsableContext();

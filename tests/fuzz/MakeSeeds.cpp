@@ -10,6 +10,7 @@
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
+#include "core/MMain.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -64,7 +65,7 @@ int main(int argc, char** argv)
     const CContextMgr& contexts = environment.Root().ContextMgr();
     for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
         const std::shared_ptr<IGameContext> context = contexts.Context(i);
-        if (!environment.Activate(context))
+        if (!MMain::SwitchContext(context))
             continue;
         writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
                   CGameFile::ToBytes(*context->CreateDefaultGame(),
