@@ -13,44 +13,32 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-// A stand-in xdg-email on PATH: writes its arguments, one a line, to
-// args.txt, sleeps $STANDIN_SLEEP seconds, writes done.txt and exits with
-// $STANDIN_EXIT. Folders are "opened" into a list.
-class MailSender : public ::testing::Test
+TEST(MailSender, HandsTheFileToTheMailProgramLeftRunningOrShowsItsFolder)
 {
-protected:
-    void SetUp() override
-    {
-        QDir().mkpath(dir.filePath("bin"));
-        QFile script(dir.filePath("bin/xdg-email"));
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write(
-            "#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > \"$STANDIN_DIR/args.txt\"\n"
-            "sleep \"${STANDIN_SLEEP:-0}\"; touch \"$STANDIN_DIR/done.txt\"\n"
-            "exit \"${STANDIN_EXIT:-0}\"\n");
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        env.Set("PATH", dir.filePath("bin").toLocal8Bit() + ':' + qgetenv("PATH"));
-        env.Set("STANDIN_DIR", dir.path().toLocal8Bit());
-        sender.OpenFolder = [this](const QUrl& url) {
-            opened << url.toLocalFile();
-            return folderOpens;
-        };
-    }
-
+    // A stand-in xdg-email on PATH: writes its arguments, one a line, to
+    // args.txt, sleeps $STANDIN_SLEEP seconds, writes done.txt and exits with
+    // $STANDIN_EXIT. Folders are "opened" into a list.
     QTemporaryDir dir;
+    QDir().mkpath(dir.filePath("bin"));
+    QFile script(dir.filePath("bin/xdg-email"));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > \"$STANDIN_DIR/args.txt\"\n"
+                 "sleep \"${STANDIN_SLEEP:-0}\"; touch \"$STANDIN_DIR/done.txt\"\n"
+                 "exit \"${STANDIN_EXIT:-0}\"\n");
+    script.close();
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EnvScope env;
+    env.Set("PATH", dir.filePath("bin").toLocal8Bit() + ':' + qgetenv("PATH"));
+    env.Set("STANDIN_DIR", dir.path().toLocal8Bit());
     CMailSender sender;
     QStringList opened;
     bool folderOpens = true;
+    sender.OpenFolder = [&](const QUrl& url) {
+        opened << url.toLocalFile();
+        return folderOpens;
+    };
     const QString game = dir.filePath("turn 12.krf");
-};
 
-} // namespace
-
-TEST_F(MailSender, HandsTheFileToTheMailProgramAndLeavesItRunning)
-{
     CGame played(CUtility::GenerateId());
     played.SetName("Kursk");
     auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
@@ -73,11 +61,10 @@ TEST_F(MailSender, HandsTheFileToTheMailProgramAndLeavesItRunning)
     EXPECT_FALSE(QFile::exists(dir.filePath("done.txt")));
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(dir.filePath("done.txt")); }, 8000));
     EXPECT_TRUE(opened.isEmpty());
-}
 
-TEST_F(MailSender, ShowsTheFolderWhenNoMailProgramCanBeStarted)
-{
-    // xdg-email's own failure (no mail program set up), then none on PATH at all.
+    // Without a mail program (xdg-email fails, then none on PATH at all) the
+    // folder is shown.
+    env.Set("STANDIN_SLEEP", "0");
     env.Set("STANDIN_EXIT", "3");
     EXPECT_EQ(sender.Send(game, "s"), CMailSender::Outcome::FolderShown);
     env.Set("PATH", dir.filePath("nothing").toLocal8Bit());

@@ -3,35 +3,13 @@
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
-#include "core/KorvaneError.h"
+#include "core/MMain.h"
 
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QSettings>
 #include <QTemporaryDir>
-
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-
-namespace {
-
-// Removed by an exit handler: the environment itself is never destroyed, as
-// libFuzzer ends the process with exit() from inside a run.
-std::string& baseToRemove()
-{
-    static std::string path;
-    return path;
-}
-
-void removeBase()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(baseToRemove(), ignored);
-}
-
-} // namespace
 
 FuzzEnvironment& FuzzEnvironment::Get()
 {
@@ -45,52 +23,27 @@ FuzzEnvironment::FuzzEnvironment()
     static int argc = 1;
     static char name[] = "korvane-fuzz";
     static char* argv[] = {name, nullptr};
-    // Lives as long as the process, like the environment; Qt keeps its pointer.
+    // Lives as long as the process; Qt keeps its pointer.
     new QGuiApplication(argc, argv);
 
-    QTemporaryDir base(QDir::tempPath() + QStringLiteral("/korvane-fuzz-XXXXXX"));
-    base.setAutoRemove(false);
+    // A static: exit() runs its destructor, which removes the folder.
+    static const QTemporaryDir base(QDir::tempPath() + QStringLiteral("/korvane-fuzz-XXXXXX"));
     if (!base.isValid())
         qFatal("cannot create a temporary folder");
-    m_base = base.path() + QLatin1Char('/');
-    baseToRemove() = QFile::encodeName(m_base).toStdString();
-    std::atexit(removeBase);
-
     QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_base + "settings");
-    const QString home = m_base + QStringLiteral("home/");
-    m_scratch = m_base + QStringLiteral("scratch/");
-    QDir().mkpath(home + QStringLiteral("modules"));
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, base.filePath("settings"));
+    const QString modules = base.filePath(QStringLiteral("home/modules/"));
+    m_scratch = base.filePath(QStringLiteral("scratch/"));
+    QDir().mkpath(modules);
     QDir().mkpath(m_scratch);
     const QDir shipped(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR));
     for (const QString& pack : shipped.entryList({QStringLiteral("*.krm")}, QDir::Files))
-        QFile::copy(shipped.filePath(pack), home + QStringLiteral("modules/") + pack);
-    qputenv("KORVANE_HOME", QFile::encodeName(home));
+        QFile::copy(shipped.filePath(pack), modules + pack);
+    qputenv("KORVANE_HOME", QFile::encodeName(base.filePath(QStringLiteral("home"))));
 
     m_root = std::make_shared<CKorvane>();
     InstallRoot(m_root);
     m_root->Constructor(nullptr);
-}
-
-CKorvane& FuzzEnvironment::Root() const
-{
-    return *m_root;
-}
-
-bool FuzzEnvironment::Activate(const std::shared_ptr<IGameContext>& context)
-{
-    if (m_root->Context() == context)
-        return true;
-    if (m_root->Context())
-        m_root->Context()->Deactivate();
-    m_root->SetContext(nullptr);
-    try {
-        context->Activate(nullptr);
-    } catch (const KorvaneError&) {
-        return false;
-    }
-    m_root->SetContext(context);
-    return true;
 }
 
 std::shared_ptr<IGameContext> FuzzEnvironment::AnyUsableContext()
@@ -98,7 +51,7 @@ std::shared_ptr<IGameContext> FuzzEnvironment::AnyUsableContext()
     const CContextMgr& contexts = m_root->ContextMgr();
     for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
         const std::shared_ptr<IGameContext> context = contexts.Context(i);
-        if (Activate(context) && context->Tokens().Count() > 0)
+        if (MMain::SwitchContext(context) && context->Tokens().Count() > 0)
             return context;
     }
     return nullptr;

@@ -8,19 +8,16 @@
 class CKorvane;
 class IGameContext;
 
-// What every fuzz target shares, built once per process: an offscreen
-// QGuiApplication, settings in a temporary folder, a temporary home with the
-// shipped modules installed, and a constructed application root. The
-// temporary folders are removed when the process exits.
+// What every fuzz target shares, built once per process and never destroyed
+// (libFuzzer ends the process with exit() from inside a run): an offscreen
+// QGuiApplication, settings and a home holding the shipped modules in a
+// temporary folder removed at exit, and a constructed application root.
 class FuzzEnvironment
 {
 public:
     static FuzzEnvironment& Get();
 
-    CKorvane& Root() const;
-    // Makes context the active one, activating it only when it changes.
-    // False when its module cannot be used.
-    bool Activate(const std::shared_ptr<IGameContext>& context);
+    CKorvane& Root() const { return *m_root; }
     // The first installed context whose module can be used and whose token
     // list is not empty; null when there is none.
     std::shared_ptr<IGameContext> AnyUsableContext();
@@ -31,7 +28,6 @@ public:
 private:
     FuzzEnvironment();
 
-    QString m_base;
     QString m_scratch;
     std::shared_ptr<CKorvane> m_root;
 };

@@ -8,6 +8,7 @@
 #include "actions/CMapLock.h"
 #include "contexts/CContextMgr.h"
 #include "core/CKorvane.h"
+#include "core/MMain.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
@@ -65,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const CContextMgr& contexts = environment.Root().ContextMgr();
     const std::int32_t position =
         contexts.PosOfContext(CContextMgr::TranslateExternalId(header.StoredContextId));
-    if (position == 0 || !environment.Activate(contexts.Context(position)))
+    if (position == 0 || !MMain::SwitchContext(contexts.Context(position)))
         return 0;
     QString error;
     const std::shared_ptr<CGame> game = CGameFile::FromBytes(bytes, &error);

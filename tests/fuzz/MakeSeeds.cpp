@@ -1,7 +1,7 @@
 // korvane-fuzz-seeds OUTDIR: writes the seed corpora of the fuzz targets from
 // the shipped modules, into OUTDIR/<target>/: the packs themselves and a
-// small one, the module.def of each, the new game of every usable module, and swap files of
-// a map holding one unit of each token plus an arrow.
+// small one, the module.def of each, the new game of every usable module, and
+// the swap file of a map holding one unit of each token plus an arrow.
 #include "FuzzEnvironment.h"
 
 #include "contexts/CContextMgr.h"
@@ -10,7 +10,7 @@
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
-#include "core/KorvaneError.h"
+#include "core/MMain.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -65,15 +65,11 @@ int main(int argc, char** argv)
     const CContextMgr& contexts = environment.Root().ContextMgr();
     for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
         const std::shared_ptr<IGameContext> context = contexts.Context(i);
-        if (!environment.Activate(context))
+        if (!MMain::SwitchContext(context))
             continue;
-        try {
-            const std::shared_ptr<CGame> game = context->CreateDefaultGame();
-            writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
-                      CGameFile::ToBytes(*game, CContextMgr::TranslateInternalId(context->Id())));
-        } catch (const KorvaneError& error) {
-            qWarning("no new game of %s: %s", qPrintable(context->Id()), error.what());
-        }
+        writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
+                  CGameFile::ToBytes(*context->CreateDefaultGame(),
+                                     CContextMgr::TranslateInternalId(context->Id())));
     }
 
     // The swap target reads its files under the context it picks itself.
@@ -81,11 +77,6 @@ int main(int argc, char** argv)
     if (!context)
         qFatal("no shipped module can be used");
     CMap map(CUtility::GenerateId(), CUtility::GenerateId());
-    map.AquireLock();
-    map.ReleaseLock();
-    // An empty map may swap out without writing a file.
-    if (QFile::exists(map.SwapFile()))
-        writeSeed(out + "swap_file", QStringLiteral("empty.swap"), fileBytes(map.SwapFile()));
     map.AquireLock();
     const CVector<IToken>& tokens = context->Tokens();
     for (std::int32_t i = 1; i <= tokens.Count(); ++i) {

@@ -1,22 +1,28 @@
 #pragma once
 
+#include "core/CGui.h"
+#include "core/CKorvane.h"
 #include "support/TestHome.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-class CGui;
-
 // A test with a temporary home and a constructed application root, released
 // (and disposed) when the test ends.
 class RootFixture : public ::testing::Test
 {
 protected:
-    void SetUp() override;
-    void TearDown() override;
+    void SetUp() override
+    {
+        auto root = std::make_shared<CKorvane>();
+        root->SetGuiFactory([this] { return MakeGui(); });
+        InstallRoot(root);
+        root->Constructor(nullptr);
+    }
+    void TearDown() override { ReleaseRoot(); }
     // The GUI the root builds when it is constructed; none by default.
-    virtual std::unique_ptr<CGui> MakeGui();
+    virtual std::unique_ptr<CGui> MakeGui() { return nullptr; }
 
     TestHome home;
 };

@@ -8,8 +8,9 @@
 
 #include <utility>
 
-// A file dialog that answers from a script and keeps what it was shown.
-template <typename Dialog> class ScriptedFileDlg : public Dialog
+// A save or open file dialog that answers from a script and keeps what it
+// was shown.
+class ScriptedFileDlg : public FSaveFileDlg, public FOpenFileDlg
 {
 public:
     // Confirms the next Display with this path ("" cancels it).
@@ -22,39 +23,32 @@ public:
     }
     // The arguments of every Display, joined by " # ".
     QStringList Shown;
+
+    bool Display(const QString& filter, const QString& name, const QString& extension,
+                 const QString& directory) override
+    {
+        return answer({filter, name, extension, directory});
+    }
+    bool Display(const QString& filter, const QString& pattern, const QString& directory) override
+    {
+        return answer({filter, pattern, directory});
+    }
     QString SelDir() const override { return m_directory; }
     QString SelFile() const override { return m_file; }
     QString SelExt() const override { return m_extension; }
 
-protected:
+private:
     bool answer(const QStringList& arguments)
     {
         Shown << arguments.join(QStringLiteral(" # "));
         return std::exchange(m_confirm, false);
     }
 
-private:
     QString m_directory;
     QString m_file;
     QString m_extension;
     bool m_confirm = false;
 };
 
-class ScriptedSaveDlg : public ScriptedFileDlg<FSaveFileDlg>
-{
-public:
-    bool Display(const QString& filter, const QString& name, const QString& extension,
-                 const QString& directory) override
-    {
-        return answer({filter, name, extension, directory});
-    }
-};
-
-class ScriptedOpenDlg : public ScriptedFileDlg<FOpenFileDlg>
-{
-public:
-    bool Display(const QString& filter, const QString& pattern, const QString& directory) override
-    {
-        return answer({filter, pattern, directory});
-    }
-};
+using ScriptedSaveDlg = ScriptedFileDlg;
+using ScriptedOpenDlg = ScriptedFileDlg;

@@ -1,6 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -9,18 +13,46 @@
 class TestHome
 {
 public:
-    TestHome();
-    ~TestHome();
+    TestHome()
+        : m_previousHome(qgetenv("KORVANE_HOME")),
+          m_hadHome(qEnvironmentVariableIsSet("KORVANE_HOME"))
+    {
+        qputenv("KORVANE_HOME", m_dir.path().toLocal8Bit());
+        // Each test starts with an empty settings store, whatever ran before
+        // it in the same process.
+        QSettings(QSettings::defaultFormat(), QSettings::UserScope, QStringLiteral("Korvane"),
+                  QStringLiteral("Korvane"))
+            .clear();
+    }
+    ~TestHome()
+    {
+        if (m_hadHome)
+            qputenv("KORVANE_HOME", m_previousHome);
+        else
+            qunsetenv("KORVANE_HOME");
+    }
     TestHome(const TestHome&) = delete;
     TestHome& operator=(const TestHome&) = delete;
 
     // The home, ending in "/".
-    QString Path() const;
+    QString Path() const { return m_dir.path() + QLatin1Char('/'); }
     // A path inside the home.
-    QString File(const QString& relative) const;
+    QString File(const QString& relative) const { return Path() + relative; }
     // Writes bytes to a file inside the home, creating folders; returns its path.
-    QString WriteFile(const QString& relative, const QByteArray& bytes) const;
-    QByteArray ReadFile(const QString& relative) const;
+    QString WriteFile(const QString& relative, const QByteArray& bytes) const
+    {
+        const QString path = File(relative);
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            file.write(bytes);
+        return path;
+    }
+    QByteArray ReadFile(const QString& relative) const
+    {
+        QFile file(File(relative));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
 private:
     QTemporaryDir m_dir;

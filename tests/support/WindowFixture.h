@@ -9,6 +9,7 @@
 #include "support/RootFixture.h"
 #include "support/ScriptedFileDlg.h"
 #include "support/ScriptedGui.h"
+#include "ui/CGameCommands.h"
 #include "ui/CWidgetGui.h"
 #include "ui/mdiMain.h"
 
@@ -56,6 +57,12 @@ protected:
         window = gui->MainWindow();
         window->resize(1000, 760);
         window->show();
+    }
+    // Border Skirmish's new game, chosen in the new-game dialog.
+    void newGame()
+    {
+        gui->NewGame.GameId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
+        ASSERT_TRUE(CGameCommands::NewGame());
     }
     std::unique_ptr<CGui> MakeGui() override
     {
