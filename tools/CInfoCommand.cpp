@@ -1,7 +1,6 @@
 #include "CInfoCommand.h"
 
 #include "CToolSession.h"
-#include "actions/CMapLock.h"
 
 #include "contexts/IGameContext.h"
 #include "model/CGame.h"
@@ -52,10 +51,9 @@ void CInfoCommand::Run(CToolSession& session, const QCommandLineParser&,
     std::int64_t arrows = 0;
     for (const auto& group : game.MapGroups()) {
         for (const auto& map : group->Maps()) {
-            const CMapLock lock(map);
             ++maps;
-            units += map->Units()->Count();
-            arrows += map->Arrows()->Count();
+            units += map->UnitCount();
+            arrows += map->ArrowCount();
         }
     }
 

@@ -181,9 +181,21 @@ void CMap::ReleaseLock()
         ++m_lockCount;
         throw;
     }
+    m_swappedUnits = m_units->Count();
+    m_swappedArrows = m_arrows->Count();
     m_units.reset();
     m_arrows.reset();
     m_swappedOut = true;
+}
+
+std::int32_t CMap::UnitCount() const
+{
+    return m_units ? m_units->Count() : (m_swappedOut ? m_swappedUnits : 0);
+}
+
+std::int32_t CMap::ArrowCount() const
+{
+    return m_arrows ? m_arrows->Count() : (m_swappedOut ? m_swappedArrows : 0);
 }
 
 void CMap::writeSwapFile()

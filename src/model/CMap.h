@@ -63,6 +63,11 @@ public:
     // Empty until the map first swaps out.
     const QString& SwapFile() const { return m_swapFile; }
 
+    // How many units and arrows the map holds, locked or not: a swapped-out
+    // map answers from what it last wrote, without touching its swap file.
+    std::int32_t UnitCount() const;
+    std::int32_t ArrowCount() const;
+
     // The lists, or null while the map is not locked.
     CVector<CUnit>* Units() const;
     CVector<CArrow>* Arrows() const;
@@ -113,5 +118,7 @@ private:
     std::int32_t m_lockCount = 0;
     QString m_swapFile;
     bool m_swappedOut = false;
+    std::int32_t m_swappedUnits = 0;
+    std::int32_t m_swappedArrows = 0;
     bool m_swapWritten = false;
 };
