@@ -133,10 +133,7 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
                                      "board.png: ignored: a second entry of that name (the "
                                      "first is used)"}));
 
-    // Not a pack at all; a user module without a definition.
-    problems = problemsOf(QStringLiteral("junk.krm"), "junk");
-    ASSERT_EQ(problems.size(), 1);
-    EXPECT_TRUE(problems[0].startsWith(QStringLiteral("junk.krm: ")));
+    // A user module without a definition.
     problems = problemsOf(QStringLiteral("nodef.udm"),
                           EditPack(WarModule().Pack(), {}, {QStringLiteral("module.def")}));
     ASSERT_EQ(problems.size(), 1);

@@ -108,12 +108,8 @@ ToolRun ToolFixture::Tool(QStringList arguments) const
 
 std::shared_ptr<CGame> ToolFixture::NewGame(const QString& name) const
 {
-    auto game = std::make_shared<CGame>(CUtility::GenerateId());
+    auto game = context->CreateDefaultGame();
     game->SetName(name);
-    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
-    game->MapGroups().AddItem(group);
-    AddMap(*group, QStringLiteral("Turn 1"));
-    game->SwitchTo(group);
     return game;
 }
 
