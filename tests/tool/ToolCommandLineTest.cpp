@@ -1,7 +1,6 @@
 #include "tool/ToolTestSupport.h"
 
 #include <QFile>
-#include <QJsonArray>
 #include <QJsonObject>
 
 namespace {
@@ -89,7 +88,6 @@ TEST_F(ToolCommandLine, ModulesAreListedInTheProgramsOrderWithTheirKind)
 
     // The home comes from KORVANE_HOME when --home is not given.
     const QJsonValue modules = RunTool({QStringLiteral("modules"), "--json"}).Json();
-    ASSERT_EQ(modules.toArray().size(), 4);
     EXPECT_EQ(modules[0]["caption"], QJsonValue("Alpha\tGame"));
     EXPECT_EQ(modules[1], QJsonValue(QJsonObject{{"position", 2},
                                                  {"id", "krm_chess_by_tavrelstudio_v1"},

@@ -18,14 +18,6 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <cstdlib>
-
-bool NearColor(QColor a, QColor b)
-{
-    return std::abs(a.red() - b.red()) <= 3 && std::abs(a.green() - b.green()) <= 3 &&
-           std::abs(a.blue() - b.blue()) <= 3;
-}
-
 QJsonValue ToolRun::Json() const
 {
     QJsonParseError error{};

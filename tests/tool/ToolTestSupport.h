@@ -21,9 +21,6 @@ class CMapGroup;
 class CUnit;
 class IGameContext;
 
-// Colours equal within what PNG and scaling round away.
-bool NearColor(QColor a, QColor b);
-
 // What one run of korvane-tool did; Status is -1 when it crashed or hung.
 struct ToolRun
 {
