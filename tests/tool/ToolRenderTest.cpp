@@ -77,13 +77,14 @@ protected:
 class ToolRender : public ToolFixture
 {
 protected:
-    // Renders into board.png in the home and reads the picture back.
-    QImage render(const QString& game, QStringList options = {})
+    // Renders into board.png in the home: what the tool said, on stdout when
+    // it wrote the picture, else on stderr.
+    QString render(const QString& game, const QStringList& options = {})
     {
         QFile::remove(png);
         const ToolRun run = Tool(QStringList{QStringLiteral("render"), game, "-o", png} + options);
-        EXPECT_EQ(run.Status, 0) << run.Err.toStdString();
-        return QImage(png);
+        EXPECT_TRUE(QFile::exists(png) == (run.Status == 0)) << run.Err.toStdString();
+        return run.Status == 0 ? run.Out : run.Err;
     }
 
     const QString png = home.File(QStringLiteral("board.png"));
@@ -181,28 +182,22 @@ TEST_F(ToolRender, GroupMapAndScaleChooseWhatIsDrawnAndHowLarge)
     AddMap(*second, QStringLiteral("Turn 3"));
     game->SwitchTo(second);
     const QString path = Save(*game, QStringLiteral("choices.krf"));
-    const auto wrote = [&](const QStringList& options) {
-        QFile::remove(png);
-        const ToolRun run = Tool(QStringList{QStringLiteral("render"), path, "-o", png} + options);
-        EXPECT_TRUE(QFile::exists(png) == (run.Status == 0)) << run.Err.toStdString();
-        return run.Status == 0 ? run.Out : run.Err;
-    };
 
     // The map drawn is the one named.
-    EXPECT_EQ(wrote({"--group", "1", "--map", "1"}),
+    EXPECT_EQ(render(path, {"--group", "1", "--map", "1"}),
               "Wrote " + png + ": map 1 ('Start') of group 1, 300 x 200 pixels\n");
     EXPECT_TRUE(NearColor(QImage(png).pixelColor(10, 10), tank));
     // A group alone: its active map, the last one; by default the active
     // group's active map, here at half size.
-    EXPECT_TRUE(
-        wrote({"--group", "1"}).endsWith(": map 2 ('Turn 2') of group 1, 300 x 200 pixels\n"));
-    EXPECT_TRUE(
-        wrote({"--scale", "0.5"}).endsWith(": map 1 ('Turn 3') of group 2, 150 x 100 pixels\n"));
+    EXPECT_TRUE(render(path, {"--group", "1"})
+                    .endsWith(": map 2 ('Turn 2') of group 1, 300 x 200 pixels\n"));
+    EXPECT_TRUE(render(path, {"--scale", "0.5"})
+                    .endsWith(": map 1 ('Turn 3') of group 2, 150 x 100 pixels\n"));
 
-    EXPECT_EQ(wrote({"--group", "3"}),
+    EXPECT_EQ(render(path, {"--group", "3"}),
               "korvane-tool: " + path + ": it has no group 3 (it has 2)\n");
-    EXPECT_TRUE(
-        wrote({"--group", "2", "--map", "2"}).endsWith(": group 2 has no map 2 (it has 1)\n"));
+    EXPECT_TRUE(render(path, {"--group", "2", "--map", "2"})
+                    .endsWith(": group 2 has no map 2 (it has 1)\n"));
 }
 
 TEST_F(ToolRender, TransparentLabelsLetTheBoardShowThrough)
@@ -220,7 +215,8 @@ TEST_F(ToolRender, TransparentLabelsLetTheBoardShowThrough)
                                         CGameFile::ToBytes(*game, QStringLiteral("krm_glass_v1")));
 
     // Under the picture: the label's blue text, and board instead of a black box.
-    const QImage image = render(path);
+    EXPECT_TRUE(render(path).startsWith(QStringLiteral("Wrote ")));
+    const QImage image(png);
     const QRect under(20, 50 + UnitSize, UnitSize + 40, 16);
     EXPECT_GT(pixels(image, under, blue), 0);
     EXPECT_EQ(pixels(image, under, black), 0);
