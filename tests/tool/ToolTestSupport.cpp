@@ -18,14 +18,6 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <cstdlib>
-
-bool NearColor(QColor a, QColor b)
-{
-    return std::abs(a.red() - b.red()) <= 3 && std::abs(a.green() - b.green()) <= 3 &&
-           std::abs(a.blue() - b.blue()) <= 3;
-}
-
 QJsonValue ToolRun::Json() const
 {
     QJsonParseError error{};
@@ -108,12 +100,8 @@ ToolRun ToolFixture::Tool(QStringList arguments) const
 
 std::shared_ptr<CGame> ToolFixture::NewGame(const QString& name) const
 {
-    auto game = std::make_shared<CGame>(CUtility::GenerateId());
+    auto game = context->CreateDefaultGame();
     game->SetName(name);
-    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
-    game->MapGroups().AddItem(group);
-    AddMap(*group, QStringLiteral("Turn 1"));
-    game->SwitchTo(group);
     return game;
 }
 

@@ -21,9 +21,6 @@ class CMapGroup;
 class CUnit;
 class IGameContext;
 
-// Colours equal within what PNG and scaling round away.
-bool NearColor(QColor a, QColor b);
-
 // What one run of korvane-tool did; Status is -1 when it crashed or hung.
 struct ToolRun
 {
@@ -61,7 +58,7 @@ protected:
     // korvane-tool with these arguments followed by "--home" and the home.
     ToolRun Tool(QStringList arguments) const;
 
-    // A game with one group holding one map, both active.
+    // The module's new game (one group holding one map "Start", both active), named.
     std::shared_ptr<CGame> NewGame(const QString& name) const;
     // Adds a map to a group and makes it the group's active (locked) map.
     static std::shared_ptr<CMap> AddMap(CMapGroup& group, const QString& name);

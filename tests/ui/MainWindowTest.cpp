@@ -2,7 +2,6 @@
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
 #include "contexts/IGameContext.h"
-#include "core/CConfiguration.h"
 #include "model/CGame.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
@@ -285,8 +284,6 @@ TEST_F(MainWindow, MapTextIsCommittedOnceBeforeAnotherMapShowsAndComesBackWhereI
     dock->setGeometry(placed);
     QTest::qWait(0);
     dock->hide();
-    EXPECT_EQ(Root().Config().GetValue(QStringLiteral("frmMapText"), QStringLiteral("Width")),
-              "330");
     frmMapText restarted(window);
     restarted.Show();
     EXPECT_TRUE(restarted.isFloating());
