@@ -75,12 +75,10 @@ TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneWhichThenStaysF
     EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ')'}));
     const auto beta = Root().Context();
     ASSERT_TRUE(beta);
-    EXPECT_EQ(beta->Id(), betaId);
     EXPECT_EQ(beta->Tokens().Count(), 5) << "the new context is activated";
     EXPECT_EQ(alpha->Tokens().Count(), 0) << "the old context is deactivated";
     EXPECT_FALSE(Root().Game());
-    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
-    EXPECT_TRUE(gui->Boxes.Boxes[0].Text.startsWith("File '" + broken + "' cannot be opened."));
+    EXPECT_EQ(gui->Boxes.Boxes.size(), 1u) << "the refusal is shown once";
     // The progress window frames the activation and hears its reports.
     const QStringList& calls = gui->Progress.Calls;
     ASSERT_GE(calls.size(), 5);
