@@ -105,7 +105,7 @@ protected:
 
 } // namespace
 
-TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardFromTheDefinition)
+TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardDeactivationGivesThemBack)
 {
     const auto context = open(mixedModule(), QStringLiteral("mixed.krm"));
     EXPECT_EQ(context->Id() + '|' + context->Caption(), "krm_test_module_v1|Mixed Bag");
@@ -140,12 +140,8 @@ TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardFromTheDefinition)
               (QStringList{"20x20 5 ff00ff: shared.png move_p.png shared.png",
                            "36x36 5 ff00ff: shared.png move_d.png turn.png",
                            "36x36 5 ff00ff: shared.png move_u.png turn.png"}));
-}
 
-TEST_F(StandardGameTest, DeactivationGivesEverythingBackAndActivationWorksAgain)
-{
-    const auto context = open(mixedModule(), QStringLiteral("mixed.krm"));
-    context->Activate(nullptr);
+    // Deactivation gives everything back, and activation works again.
     context->Deactivate();
     EXPECT_EQ(QStringLiteral("%1 %2 %3 %4 %5")
                   .arg(context->IsActive())

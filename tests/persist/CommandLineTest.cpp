@@ -31,18 +31,6 @@ const QString betaId = QStringLiteral("krm_beta_v1");
 class CommandLineTest : public PersistTest
 {
 protected:
-    // Two modules installed, a listener registered; alpha active when asked.
-    TestGui* startTwo(bool alphaActive)
-    {
-        writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
-        writeModule(QStringLiteral("beta.krm"), module(QStringLiteral("beta")));
-        TestGui* gui = start();
-        if (alphaActive)
-            activate(alphaId);
-        Root().EventMgr().Register(log);
-        return gui;
-    }
-
     // A game file of one empty map, written for the context storedId names.
     QString gameFile(const QString& name, const QString& storedId, bool damaged = false) const
     {
@@ -65,13 +53,31 @@ protected:
 
 } // namespace
 
-TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneWhichThenStaysForTheNextFile)
+TEST_F(CommandLineTest, AFileOpensInItsContextWhichReplacesTheActiveOneOthersAreIgnoredSilently)
 {
-    TestGui* gui = startTwo(true);
+    writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
+    writeModule(QStringLiteral("beta.krm"), module(QStringLiteral("beta")));
+    TestGui* gui = start();
+    Root().EventMgr().Register(log);
+    for (const QString& line : {gameFile(QStringLiteral("gone.krf"), QStringLiteral("krm_gone_v1")),
+                                home.WriteFile(QStringLiteral("text.krf"), "KR02 not a game"),
+                                home.File(QStringLiteral("absent.krf")), QString()}) {
+        MMain::HandleCommandLine(line);
+        EXPECT_TRUE(announced().isEmpty()) << line.toStdString();
+        EXPECT_TRUE(gui->Boxes.Boxes.empty()) << line.toStdString();
+        EXPECT_FALSE(Root().Context());
+        EXPECT_FALSE(Root().Game());
+    }
+    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), alphaId) + " more words");
+    EXPECT_EQ(announced(), QStringList({"NewContext(" + alphaId + ")", "NewGame()"}));
+    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
     const auto alpha = Root().Context();
-    // A damaged file still switches to its context, and opens no game.
-    const QString broken = gameFile(QStringLiteral("broken.krf"), betaId, true);
-    MMain::HandleCommandLine(broken);
+    Root().SetGame(nullptr); // no game open, as when the program starts
+
+    // A damaged file of another context still switches to it, and opens no game.
+    log->Lines.clear();
+    gui->Progress.Calls.clear();
+    MMain::HandleCommandLine(gameFile(QStringLiteral("broken.krf"), betaId, true));
     EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ')'}));
     const auto beta = Root().Context();
     ASSERT_TRUE(beta);
@@ -84,6 +90,7 @@ TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneWhichThenStaysF
     ASSERT_GE(calls.size(), 5);
     EXPECT_EQ(calls.first(2) + calls.last(2), QStringList({"Load", "Show", "Hide", "Unload"}));
 
+    // The context stays for the next file of it.
     log->Lines.clear();
     gui->Progress.Calls.clear();
     const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
@@ -93,21 +100,4 @@ TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneWhichThenStaysF
     EXPECT_TRUE(gui->Progress.Calls.isEmpty());
     ASSERT_TRUE(Root().Game());
     EXPECT_EQ(Root().Game()->File(), QStringLiteral("beta game"));
-}
-
-TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilentlyOthersActivateTheirs)
-{
-    TestGui* gui = startTwo(false);
-    for (const QString& line : {gameFile(QStringLiteral("gone.krf"), QStringLiteral("krm_gone_v1")),
-                                home.WriteFile(QStringLiteral("text.krf"), "KR02 not a game"),
-                                home.File(QStringLiteral("absent.krf")), QString()}) {
-        MMain::HandleCommandLine(line);
-        EXPECT_TRUE(announced().isEmpty()) << line.toStdString();
-        EXPECT_TRUE(gui->Boxes.Boxes.empty()) << line.toStdString();
-        EXPECT_FALSE(Root().Context());
-        EXPECT_FALSE(Root().Game());
-    }
-    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId) + " more words");
-    EXPECT_EQ(announced(), QStringList({"NewContext(" + betaId + ")", "NewGame()"}));
-    EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
 }
