@@ -43,8 +43,6 @@ TEST_F(QuantityToken, theMenuOffersWhatTheCountAllows)
     EXPECT_EQ(menuAt(QStringLiteral("200")), head + subtract + splits + tail);
     // Counts that are not whole decimal numbers in range count as 0.
     EXPECT_EQ(menuAt(QStringLiteral("2x")), head + add + tail);
-    EXPECT_EQ(gui->Popup.ShowCount, 6);
-    EXPECT_EQ(mgr().Actions().Count(), 0) << "dismissed menus record nothing";
 }
 
 TEST_F(QuantityToken, menuEntriesEditTheCountAndTheMark)
