@@ -111,6 +111,9 @@ TEST_F(EventFanOut, theWindowComesFirstThenItsPartsThenListenersAndTheSourceIsSk
     EXPECT_EQ(heard(), "main " + parts + " L2 / MapDelete(M)");
     events.NotifyOfGroupDelete(QStringLiteral("G"), second.get());
     EXPECT_EQ(heard(), "main " + parts + " L1 / GroupDelete(G)");
+    events.NotifyOfMapSwitch(QStringLiteral("M"), QStringLiteral("N"),
+                             static_cast<IGameEventListener*>(second.get()));
+    EXPECT_EQ(heard(), "main " + parts + " L1 / MapSwitch(M,N)");
 
     // Parts are fetched at every call: a missing one is passed over.
     gui->main.parts[1].reset();
