@@ -265,6 +265,8 @@ TEST_F(PersistMgrTest, DamagedFilesAreRefusedWithTheirReasonAndChangeNothingLarg
         {"textneg.krf", body(gameRec + group + Bytes().i16(1).small("").small("").i16(-5).data()),
          "negative length"},
         {"newer.krf", body(Bytes().i16(3).data()), "game record has version 3"},
+        {"newergroup.krf", body(gameRec + Bytes().i16(1).small("GR").i16(2).data()), "newer"},
+        {"newermap.krf", body(gameRec + group + Bytes().i16(2).data()), "map record has version 2"},
         {"newerunit.krf",
          body(gameRec + group + map + Bytes().i16(1).data() + unit + Bytes().i16(3).data()),
          "unit record has version 3"},
