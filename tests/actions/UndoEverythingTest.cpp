@@ -22,7 +22,6 @@ TEST_F(UndoEverything, everyKindOfActionUndoesToTheStartAndRedoesToTheEnd)
     inf->HandleDrop(100, 100);
     const auto placed = lastUnit();
     inf->HandleMove(120, 130, placed);
-    ASSERT_TRUE(placed->HasMoved());
     choose(placed, QStringLiteral("ADD_1"));
     choose(placed, QStringLiteral("SPLIT_1"));
     inf->HandleMoveOnto(old, placed);
@@ -32,7 +31,6 @@ TEST_F(UndoEverything, everyKindOfActionUndoesToTheStartAndRedoesToTheEnd)
     const auto arrow = token(QStringLiteral("ARROW"));
     arrow->HandleDrop(10, 10);
     arrow->HandleMove(90, 95, board()->Units()->Item(2));
-    ASSERT_EQ(board()->Arrows()->Item(1)->HeadX(), 90);
     arrow->HandleDrop(50, 50);
     choose(lastUnit(), QStringLiteral("DELETE"));
     ASSERT_EQ(board()->Arrows()->Count(), 1);

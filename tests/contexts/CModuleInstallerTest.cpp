@@ -82,7 +82,7 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
     EXPECT_FALSE(QFile::exists(CUtility::GetCacheDir() + cached[0]));
 }
 
-TEST_F(ModuleInstallerTest, DestinationFollowsTheExtension)
+TEST_F(ModuleInstallerTest, DestinationFollowsTheExtensionAndCopiesAreWritable)
 {
     // A user module goes to the user module directory, which need not exist yet.
     // Nothing to replace, so no question: only the restart notice.
@@ -90,9 +90,8 @@ TEST_F(ModuleInstallerTest, DestinationFollowsTheExtension)
     EXPECT_EQ(CModuleInstaller::Install(user, messages), Result::Installed);
     EXPECT_EQ(messages.Boxes.size(), 1u);
 
-    // Other extensions, and nothing chosen, install nothing and ask nothing.
-    const QString text = home.WriteFile(QStringLiteral("downloads/war.zip"), "zip");
-    EXPECT_EQ(CModuleInstaller::Install(text, messages), Result::InvalidExtension);
+    // A name without a ".krm" or ".udm" extension, and nothing chosen, install
+    // nothing and ask nothing.
     const QString bare = home.WriteFile(QStringLiteral("downloads/krm"), "no extension");
     EXPECT_EQ(CModuleInstaller::Install(bare, messages), Result::InvalidExtension);
     EXPECT_EQ(CModuleInstaller::Install(QString(), messages), Result::NothingChosen);
@@ -107,22 +106,17 @@ TEST_F(ModuleInstallerTest, DestinationFollowsTheExtension)
     EXPECT_EQ(shown().value(1), "Korvane|here.krm is already installed.");
     EXPECT_EQ(Root().ShutdownTaskCount(), 1);
 
-    ReleaseRoot();
-    EXPECT_TRUE(QFile::exists(home.File(QStringLiteral("usermods/Mine.UDM"))));
-}
-
-TEST_F(ModuleInstallerTest, ReadOnlyModulesAreCopiedWritable)
-{
+    // A read-only module is installed writable; the chosen file itself is left alone.
     const QString chosen =
         titled(QStringLiteral("Locked")).WriteTo(home.File(QStringLiteral("cdrom/locked.krm")));
     ASSERT_TRUE(QFile::setPermissions(chosen, QFileDevice::ReadOwner));
     EXPECT_EQ(CModuleInstaller::Install(chosen, messages), Result::Installed);
-    // The chosen file itself is left alone.
     EXPECT_FALSE(QFileInfo(chosen).permissions() & QFileDevice::WriteOwner);
     QFile::setPermissions(chosen, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 
-    // Installed, it can be replaced by a later installation.
     ReleaseRoot();
+    EXPECT_TRUE(QFile::exists(home.File(QStringLiteral("usermods/Mine.UDM"))));
+    // Installed writable, it can be replaced by a later installation.
     const QString installed = home.File(QStringLiteral("modules/locked.krm"));
     ASSERT_TRUE(QFile::exists(installed));
     EXPECT_TRUE(QFileInfo(installed).permissions() & QFileDevice::WriteOwner);

@@ -172,15 +172,12 @@ TEST_F(ResFileTest, DamagedPacksFailCleanly)
         const char* what;
         QByteArray bytes;
     } cases[] = {
-        {"empty file", QByteArray()},
         {"short header", good.left(5)},
         {"directory beyond the end", good.left(dataStart - 1)},
-        {"negative directory length", QByteArray::fromHex("28000000fcffffff") + good.mid(8)},
         {"directory does not inflate", garbledDirectory},
         {"directory ends early", RawPack(2, {{"abcdefghijklmnopqrst", 60, 4, 4}}, payload)},
         {"entry outside the file", RawPack(1, {{"a", 50, 400, 400}}, payload)},
         {"entry before the data", RawPack(1, {{"a", 2, 4, 4}}, payload)},
-        {"negative position", RawPack(1, {{"a", -8, 4, 4}}, payload)},
         {"name leading up", RawPack(2, {{"b", 60, 4, 4}, {"../x", 60, 4, 4}}, payload)},
         {"name leading up behind", RawPack(1, {{"a\\..\\..\\b", 60, 4, 4}}, payload)},
         {"inflates too far", RawPack(1, {{"a", 60, 4, 100000}}, payload)},

@@ -80,7 +80,6 @@ TEST_F(Korvane, TraceWritesExactLinesIndentedByDepthAndNothingWhileDisabled)
         KorvaneError); // the guard unwinds the depth
     trace.EnterMethod("Open", "CPersistMgr");
     trace.SetEnabled(false);
-    trace.SetEnabled(false);
     trace.ExitMethod();
     EXPECT_EQ(trace.Depth(), 1);
     EXPECT_EQ(text(), "[Debug Enabled]\n[Enter Method] CGame.Outer >>>\n\t3 maps\n"

@@ -8,17 +8,20 @@ using GameFile = ModelFixture;
 
 } // namespace
 
-// A game of one group holding one frozen map with a unit, a unit of an arrow
-// token (which keeps its id) and an arrow, named with 0 to 63 characters so
-// that the file before its padding ends at every remainder of four.
-TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysAndPaddedWithZerosToAMultipleOfFour)
+// A game of one frozen group holding one frozen map with a unit, a unit of an
+// arrow token (which keeps its id) and an arrow, named with 0 to 63 characters
+// so that the file before its padding ends at every remainder of four. Read
+// back, each gives the same bytes; cut anywhere, its body is refused whole.
+TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysReadBackWholeOrNotAtAll)
 {
     QSet<qsizetype> unpaddedRemainders;
     for (int length = 0; length < 64; ++length) {
         const QString name(length, QLatin1Char('n'));
         CGame game(CUtility::GenerateId());
         game.SetName(name);
+        game.SetRemarks(QStringLiteral("Rm"));
         auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
+        group->SetFrozen(true);
         game.MapGroups().AddItem(group);
         const auto map = addMap(*group, QStringLiteral("Start"));
         map->SetRemarks(QStringLiteral("R"));
@@ -31,8 +34,8 @@ TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysAndPaddedWithZerosToAMulti
         const auto arrow = addArrow(*map, 100, 255);
 
         Bytes body;
-        body.i16(2).small(game.Id().toLatin1()).small(name.toLatin1()).small("").i16(1);
-        body.small(group->Id().toLatin1()).i16(1).i16(0).i16(1);
+        body.i16(2).small(game.Id().toLatin1()).small(name.toLatin1()).small("Rm").i16(1);
+        body.small(group->Id().toLatin1()).i16(1).i16(-1).i16(1);
         body.i16(1).small("Start").small("R").text("T").i16(-1).i16(2);
         body.i16(2).small("TANK").i16(2).i32(10).i32(-2).small("ab").small("3").i16(-1);
         body.i16(3).small("ARROW").i16(2).small(arrowUnit->Id().toLatin1()).i32(0).i32(0);
@@ -43,6 +46,13 @@ TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysAndPaddedWithZerosToAMulti
         expected += QByteArray((4 - expected.size() % 4) % 4, '\0');
         ASSERT_EQ(CGameFile::ToBytes(game, QStringLiteral("KRC")).toHex(), expected.toHex())
             << length;
+        QString error;
+        const std::shared_ptr<CGame> read = CGameFile::FromBytes(expected, &error);
+        ASSERT_TRUE(read) << error.toStdString();
+        ASSERT_EQ(CGameFile::ToBytes(*read, QStringLiteral("KRC")), expected) << length;
+        for (qsizetype cut = 0; length == 63 && cut < body.data().size(); ++cut)
+            EXPECT_FALSE(CGameFile::FromBytes(FileAround(body.data().left(cut), "KRC"), &error))
+                << "cut at " << cut;
     }
     EXPECT_EQ(unpaddedRemainders.size(), 4);
 }

@@ -31,18 +31,6 @@ const QString betaId = QStringLiteral("krm_beta_v1");
 class CommandLineTest : public PersistTest
 {
 protected:
-    // Two modules installed, a listener registered; alpha active when asked.
-    TestGui* startTwo(bool alphaActive)
-    {
-        writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
-        writeModule(QStringLiteral("beta.krm"), module(QStringLiteral("beta")));
-        TestGui* gui = start();
-        if (alphaActive)
-            activate(alphaId);
-        Root().EventMgr().Register(log);
-        return gui;
-    }
-
     // A game file of one empty map, written for the context storedId names.
     QString gameFile(const QString& name, const QString& storedId, bool damaged = false) const
     {
@@ -65,41 +53,12 @@ protected:
 
 } // namespace
 
-TEST_F(CommandLineTest, AFileOfAnotherContextReplacesTheActiveOneWhichThenStaysForTheNextFile)
+TEST_F(CommandLineTest, AFileOpensInItsContextWhichReplacesTheActiveOneOthersAreIgnoredSilently)
 {
-    TestGui* gui = startTwo(true);
-    const auto alpha = Root().Context();
-    // A damaged file still switches to its context, and opens no game.
-    const QString broken = gameFile(QStringLiteral("broken.krf"), betaId, true);
-    MMain::HandleCommandLine(broken);
-    EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ')'}));
-    const auto beta = Root().Context();
-    ASSERT_TRUE(beta);
-    EXPECT_EQ(beta->Id(), betaId);
-    EXPECT_EQ(beta->Tokens().Count(), 5) << "the new context is activated";
-    EXPECT_EQ(alpha->Tokens().Count(), 0) << "the old context is deactivated";
-    EXPECT_FALSE(Root().Game());
-    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
-    EXPECT_TRUE(gui->Boxes.Boxes[0].Text.startsWith("File '" + broken + "' cannot be opened."));
-    // The progress window frames the activation and hears its reports.
-    const QStringList& calls = gui->Progress.Calls;
-    ASSERT_GE(calls.size(), 5);
-    EXPECT_EQ(calls.first(2) + calls.last(2), QStringList({"Load", "Show", "Hide", "Unload"}));
-
-    log->Lines.clear();
-    gui->Progress.Calls.clear();
-    const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
-    MMain::HandleCommandLine("  \"" + path + "\" --ignored  ");
-    EXPECT_EQ(announced(), QStringList{"NewGame()"});
-    EXPECT_EQ(Root().Context(), beta);
-    EXPECT_TRUE(gui->Progress.Calls.isEmpty());
-    ASSERT_TRUE(Root().Game());
-    EXPECT_EQ(Root().Game()->File(), QStringLiteral("beta game"));
-}
-
-TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilentlyOthersActivateTheirs)
-{
-    TestGui* gui = startTwo(false);
+    writeModule(QStringLiteral("alpha.krm"), module(QStringLiteral("alpha")));
+    writeModule(QStringLiteral("beta.krm"), module(QStringLiteral("beta")));
+    TestGui* gui = start();
+    Root().EventMgr().Register(log);
     for (const QString& line : {gameFile(QStringLiteral("gone.krf"), QStringLiteral("krm_gone_v1")),
                                 home.WriteFile(QStringLiteral("text.krf"), "KR02 not a game"),
                                 home.File(QStringLiteral("absent.krf")), QString()}) {
@@ -109,7 +68,36 @@ TEST_F(CommandLineTest, FilesThatNameNoInstalledContextAreIgnoredSilentlyOthersA
         EXPECT_FALSE(Root().Context());
         EXPECT_FALSE(Root().Game());
     }
-    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), betaId) + " more words");
-    EXPECT_EQ(announced(), QStringList({"NewContext(" + betaId + ")", "NewGame()"}));
+    MMain::HandleCommandLine(gameFile(QStringLiteral("first.krf"), alphaId) + " more words");
+    EXPECT_EQ(announced(), QStringList({"NewContext(" + alphaId + ")", "NewGame()"}));
     EXPECT_EQ(Root().Game()->Name(), QStringLiteral("first.krf"));
+    const auto alpha = Root().Context();
+    Root().SetGame(nullptr); // no game open, as when the program starts
+
+    // A damaged file of another context still switches to it, and opens no game.
+    log->Lines.clear();
+    gui->Progress.Calls.clear();
+    MMain::HandleCommandLine(gameFile(QStringLiteral("broken.krf"), betaId, true));
+    EXPECT_EQ(announced(), QStringList({"NewContext(none)", "NewContext(" + betaId + ')'}));
+    const auto beta = Root().Context();
+    ASSERT_TRUE(beta);
+    EXPECT_EQ(beta->Tokens().Count(), 5) << "the new context is activated";
+    EXPECT_EQ(alpha->Tokens().Count(), 0) << "the old context is deactivated";
+    EXPECT_FALSE(Root().Game());
+    EXPECT_EQ(gui->Boxes.Boxes.size(), 1u) << "the refusal is shown once";
+    // The progress window frames the activation and hears its reports.
+    const QStringList& calls = gui->Progress.Calls;
+    ASSERT_GE(calls.size(), 5);
+    EXPECT_EQ(calls.first(2) + calls.last(2), QStringList({"Load", "Show", "Hide", "Unload"}));
+
+    // The context stays for the next file of it.
+    log->Lines.clear();
+    gui->Progress.Calls.clear();
+    const QString path = gameFile(QStringLiteral("beta game.krf"), betaId);
+    MMain::HandleCommandLine("  \"" + path + "\" --ignored  ");
+    EXPECT_EQ(announced(), QStringList{"NewGame()"});
+    EXPECT_EQ(Root().Context(), beta);
+    EXPECT_TRUE(gui->Progress.Calls.isEmpty());
+    ASSERT_TRUE(Root().Game());
+    EXPECT_EQ(Root().Game()->File(), QStringLiteral("beta game"));
 }

@@ -47,4 +47,19 @@ TEST_F(TokenHandlers, aDismissedMenuChangesNothingWhateverKeyItStillReports)
     EXPECT_EQ(menuOf(board()->Units()->Item(3)), QStringList{"&Delete|DELETE"});
 }
 
+TEST_F(TokenHandlers, countedCaptionsUseTheActiveContextsPrefixAndTextsTheirCustomText)
+{
+    const auto inf = token(QStringLiteral("INF"));
+    const auto note = token(QStringLiteral("NOTE"));
+    note->SetCustom(QStringLiteral("Supply"));
+    EXPECT_EQ(note->DefaultCaption(), QStringLiteral("Supply"));
+    Root().SetContext(std::make_shared<TestContext>(QStringLiteral("# ")));
+    EXPECT_EQ(inf->DefaultCaption() + token(QStringLiteral("MARK"))->DefaultCaption(),
+              QStringLiteral("# 1# 0"));
+    Root().SetContext(std::make_shared<TestContext>(QString()));
+    EXPECT_EQ(inf->DefaultCaption(), QStringLiteral("1"));
+    Root().SetContext(nullptr);
+    EXPECT_EQ(inf->DefaultCaption(), QStringLiteral("x1")) << "root without a context";
+}
+
 } // namespace
