@@ -156,7 +156,8 @@ TEST_F(ContextMgrTest, FixedFileNamesAreServedByTheirOwnClassesInAnyCase)
     // cannot be activated.
     EXPECT_EQ(captions(manager), (QStringList{"Axis & Allies Europe", "Korvane Chess",
                                               "SQUARES - Civil War Battle Game"}));
-    for (const auto& [position, file] : {std::pair{1, "Aaev1.krm"}, std::pair{3, "squv1.krm"}}) {
+    for (const auto& [at, file] : {std::pair{1, "Aaev1.krm"}, std::pair{3, "squv1.krm"}}) {
+        const std::int32_t position = at; // clang 14 lambdas cannot capture a binding
         const QString error = errorOf([&] { manager.Context(position)->Activate(nullptr); });
         EXPECT_TRUE(error.contains(QLatin1String(file)) && error.contains("module.def"))
             << error.toStdString();
