@@ -41,6 +41,8 @@ TEST_F(MapSwap, unitsAndArrowsComeBackWithTheirIdsOrderAndExactTextsAcrossSwitch
     group->SwitchTo(b);
     const QStringList bBefore = contents(*b);
 
+    // Counted from what the swap wrote, without reading it back.
+    EXPECT_EQ(QString("%1 %2").arg(a->UnitCount()).arg(a->ArrowCount()), "4 2");
     EXPECT_TRUE(a->SwappedOut());
     EXPECT_EQ(QFileInfo(a->SwapFile()).path() + QLatin1Char('/'), CUtility::GetCacheDir());
 
