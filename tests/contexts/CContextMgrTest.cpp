@@ -102,7 +102,7 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
                                                           {"sub/dir.png", "s"},
                                                           {"ICON.PNG", "i"}};
     home.WriteFile(QStringLiteral("modules/zeta.krm"),
-                   AppendRawEntries(TestModule::Titled("wars", "Alpha Wars").Pack(), odd));
+                   AppendRawEntries(TestModule::Titled("wars", "Alpha Wars"), odd));
     TestModule::Titled("mine", "Zz Mine").WriteTo(home.File(QStringLiteral("usermods/b.udm")));
     TestModule::Titled("aardvark", "Aardvark")
         .WriteTo(home.File(QStringLiteral("usermods/aaa.udm")));
@@ -128,7 +128,7 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
     // Progress: the search, then each module in listing order, between the
     // root's own first and last lines.
     EXPECT_EQ(
-        progress.Texts,
+        progress.Calls,
         (QStringList{"Initializing...", "Searching for Games...",
                      "Module 'Mountain Pass' was loaded...", "Module 'beta Front' was loaded...",
                      "Module 'Alpha Wars' was loaded...", "Module 'Aardvark' was loaded...",
@@ -186,7 +186,7 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     noDefinition.WithDefinition = false;
     module(QStringLiteral("nodef.krm"), noDefinition);
     home.WriteFile(QStringLiteral("usermods/broken.udm"),
-                   EditPack(TestModule().Pack(), {{"module.def", "<module_def><game_info>"}}));
+                   TestModule().Pack({{"module.def", "<module_def><game_info>"}}));
     home.WriteFile(QStringLiteral("modules/noise.krm"), "not a pack at all");
     QDir().mkpath(home.File(QStringLiteral("modules/folder.krm")));
     home.WriteFile(QStringLiteral("modules/readme.txt"), "not a module");
@@ -201,7 +201,7 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
     EXPECT_EQ(captions(manager), (QStringList{"Chess Copy", "First", "Good", "User Twin"}));
     EXPECT_FALSE(std::dynamic_pointer_cast<CChessGame>(manager.Context(1)));
     // Skipped packs are not announced and leave no cache file behind.
-    EXPECT_EQ(progress.Texts.filter(QStringLiteral("was loaded")).size(), 4);
+    EXPECT_EQ(progress.Calls.filter(QStringLiteral("was loaded")).size(), 4);
     EXPECT_EQ(cacheFileCount(), 4);
 }
 

@@ -44,7 +44,7 @@ protected:
     std::shared_ptr<CUnit> put(const QString& tokenId, std::int32_t x, std::int32_t y,
                                const QString& data = QString(), bool moved = false) const
     {
-        return addUnit(*board(), tokenId, x, y, QStringLiteral("x") + data, data, moved);
+        return AddUnit(*board(), tokenId, x, y, QStringLiteral("x") + data, data, moved);
     }
 
     // The board's last unit.

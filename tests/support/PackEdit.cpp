@@ -1,54 +1,9 @@
 #include "support/PackEdit.h"
 
-#include "contexts/CResFileMgr.h"
-#include "contexts/CResFileWriter.h"
 #include "persist/COutputStream.h"
 #include "persist/CZlib.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
-
-namespace {
-
-// Every entry of a pack, in directory order; fails the running test when the
-// pack cannot be read.
-std::vector<std::pair<QString, QByteArray>> entriesOf(const QByteArray& pack)
-{
-    QTemporaryDir dir;
-    QFile file(dir.filePath(QStringLiteral("edit.krm")));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pack) == pack.size());
-    file.close();
-    CResFileMgr reader(dir.path(), QStringLiteral("edit.krm"));
-    EXPECT_TRUE(reader.IsOpen()) << reader.LastError().toStdString();
-    std::vector<std::pair<QString, QByteArray>> entries;
-    for (std::int32_t i = 1; i <= reader.EntryCount(); ++i) {
-        QByteArray data;
-        EXPECT_TRUE(reader.ReadEntry(reader.Entry(i).Name, data))
-            << reader.LastError().toStdString();
-        entries.emplace_back(reader.Entry(i).Name, data);
-    }
-    return entries;
-}
-
-} // namespace
-
-QByteArray EditPack(const QByteArray& pack, const QMap<QString, QByteArray>& replace,
-                    const QStringList& drop)
-{
-    QMap<QString, QByteArray> pending;
-    for (auto it = replace.cbegin(); it != replace.cend(); ++it)
-        pending.insert(it.key().toLower(), it.value());
-    CResFileWriter writer;
-    for (const auto& [name, data] : entriesOf(pack)) {
-        if (!drop.contains(name, Qt::CaseInsensitive))
-            writer.AddEntry(name, pending.contains(name) ? pending.take(name) : data);
-    }
-    for (auto it = pending.cbegin(); it != pending.cend(); ++it)
-        writer.AddEntry(it.key(), it.value());
-    return writer.ToBytes();
-}
 
 QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries, const QByteArray& data)
 {
@@ -70,10 +25,10 @@ QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries, con
     return bytes + data;
 }
 
-QByteArray AppendRawEntries(const QByteArray& pack,
+QByteArray AppendRawEntries(const TestModule& module,
                             const std::vector<std::pair<QString, QByteArray>>& entries)
 {
-    std::vector<std::pair<QString, QByteArray>> all = entriesOf(pack);
+    std::vector<std::pair<QString, QByteArray>> all = module.Entries();
     all.insert(all.end(), entries.begin(), entries.end());
 
     // Every entry stored as it is; the data starts a little after the

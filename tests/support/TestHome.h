@@ -41,7 +41,11 @@ public:
     // Writes bytes to a file inside the home, creating folders; returns its path.
     QString WriteFile(const QString& relative, const QByteArray& bytes) const
     {
-        const QString path = File(relative);
+        return Write(File(relative), bytes);
+    }
+    // Writes bytes to a file anywhere, creating folders; returns the path.
+    static QString Write(const QString& path, const QByteArray& bytes)
+    {
         QDir().mkpath(QFileInfo(path).absolutePath());
         QFile file(path);
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
