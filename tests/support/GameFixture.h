@@ -4,7 +4,6 @@
 #include "model/CGameEventMgr.h"
 #include "model/ModelTestSupport.h"
 #include "support/EventLog.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedGui.h"
 
 // The model fixture's root and context (800 x 600, tokens INF, TANK, ARROW,

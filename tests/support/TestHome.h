@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/EnvScope.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -14,25 +16,14 @@ class TestHome
 {
 public:
     TestHome()
-        : m_previousHome(qgetenv("KORVANE_HOME")),
-          m_hadHome(qEnvironmentVariableIsSet("KORVANE_HOME"))
     {
-        qputenv("KORVANE_HOME", m_dir.path().toLocal8Bit());
+        m_env.Set("KORVANE_HOME", m_dir.path().toLocal8Bit());
         // Each test starts with an empty settings store, whatever ran before
         // it in the same process.
         QSettings(QSettings::defaultFormat(), QSettings::UserScope, QStringLiteral("Korvane"),
                   QStringLiteral("Korvane"))
             .clear();
     }
-    ~TestHome()
-    {
-        if (m_hadHome)
-            qputenv("KORVANE_HOME", m_previousHome);
-        else
-            qunsetenv("KORVANE_HOME");
-    }
-    TestHome(const TestHome&) = delete;
-    TestHome& operator=(const TestHome&) = delete;
 
     // The home, ending in "/".
     QString Path() const { return m_dir.path() + QLatin1Char('/'); }
@@ -60,6 +51,5 @@ public:
 
 private:
     QTemporaryDir m_dir;
-    QByteArray m_previousHome;
-    bool m_hadHome;
+    EnvScope m_env;
 };

@@ -1,12 +1,6 @@
 #include "tool/ToolTestSupport.h"
 
 #include "contexts/CContextMgr.h"
-#include "contexts/IGameContext.h"
-#include "core/CKorvane.h"
-#include "core/CUtility.h"
-#include "model/CGame.h"
-#include "model/CMap.h"
-#include "model/CMapGroup.h"
 #include "persist/CGameFile.h"
 
 #include <QJsonArray>

@@ -15,11 +15,6 @@
 #include <functional>
 #include <memory>
 
-class CGame;
-class CMap;
-class CMapGroup;
-class IGameContext;
-
 // Colours equal within what PNG and scaling round away.
 bool NearColor(QColor a, QColor b);
 
