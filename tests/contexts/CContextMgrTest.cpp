@@ -12,7 +12,6 @@
 #include "core/CUtility.h"
 #include "support/ErrorText.h"
 #include "support/PackEdit.h"
-#include "support/QtPrinters.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 
@@ -27,15 +26,6 @@ class ContextMgrTest : public ::testing::Test
 {
 protected:
     void TearDown() override { ReleaseRoot(); }
-
-    CKorvane& startRoot(IProgressMonitor* progress = nullptr, CKorvane::GuiFactory gui = {})
-    {
-        auto root = std::make_shared<CKorvane>();
-        InstallRoot(root);
-        root->SetGuiFactory(std::move(gui));
-        root->Constructor(progress);
-        return *root;
-    }
 
     QString module(const QString& file, const TestModule& m) const
     {
@@ -110,7 +100,7 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
     RecordingProgress progress;
     std::int32_t seenByGui = -1;
     CKorvane& root =
-        startRoot(&progress, [&seenByGui] { return std::make_unique<CountingGui>(seenByGui); });
+        StartRoot(&progress, [&seenByGui] { return std::make_unique<CountingGui>(seenByGui); });
     const CContextMgr& manager = root.ContextMgr();
     EXPECT_EQ(seenByGui, 5) << "discovery must be over before the windows are built";
     const QStringList expected{
@@ -149,7 +139,7 @@ TEST_F(ContextMgrTest, FixedFileNamesAreServedByTheirOwnClassesInAnyCase)
     module(QStringLiteral("Aaev1.krm"), noDefinition);
     home.WriteFile(QStringLiteral("modules/squv1.krm"), QByteArray("not a pack at all", 17));
 
-    const CContextMgr& manager = startRoot().ContextMgr();
+    const CContextMgr& manager = StartRoot().ContextMgr();
     EXPECT_EQ(describe(manager, 2), "2|Korvane Chess|krm_chess_by_tavrelstudio_v1|module|mcm|"
                                     "modules|KRC|https://example.org/some_chess|none");
     EXPECT_TRUE(std::dynamic_pointer_cast<CChessGame>(manager.Context(2)));
@@ -194,7 +184,7 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
 
     RecordingProgress progress;
     testing::internal::CaptureStderr();
-    CKorvane& root = startRoot(&progress);
+    CKorvane& root = StartRoot(&progress);
     const std::string console = testing::internal::GetCapturedStderr();
     EXPECT_TRUE(console.empty()) << console;
     const CContextMgr& manager = root.ContextMgr();

@@ -3,7 +3,6 @@
 #include "core/CUtility.h"
 #include "support/ContextTestSupport.h"
 #include "support/EnvScope.h"
-#include "support/QtPrinters.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -52,20 +52,18 @@ FuzzEnvironment::FuzzEnvironment()
     m_root->Constructor(nullptr);
 }
 
-std::shared_ptr<IGameContext> FuzzEnvironment::AnyUsableContext()
-{
-    const CContextMgr& contexts = m_root->ContextMgr();
-    for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
-        const std::shared_ptr<IGameContext> context = contexts.Context(i);
-        if (MMain::SwitchContext(context) && context->Tokens().Count() > 0)
-            return context;
-    }
-    qFatal("no shipped module can be used");
-}
-
 void FuzzEnvironment::FillAndSwapOut(CMap& map)
 {
-    static const std::shared_ptr<IGameContext> context = AnyUsableContext();
+    // The first module that can be used and has tokens, made the root's.
+    static const std::shared_ptr<IGameContext> context = [this] {
+        const CContextMgr& contexts = m_root->ContextMgr();
+        for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
+            if (MMain::SwitchContext(contexts.Context(i)) &&
+                contexts.Context(i)->Tokens().Count() > 0)
+                return contexts.Context(i);
+        }
+        qFatal("no shipped module can be used");
+    }();
     map.AquireLock();
     const CVector<IToken>& tokens = context->Tokens();
     for (std::int32_t i = 1; i <= tokens.Count(); ++i) {

@@ -13,7 +13,6 @@
 
 class CKorvane;
 class CMap;
-class IGameContext;
 
 // What every fuzz target shares, built once per process and never destroyed
 // (libFuzzer ends the process with exit() from inside a run): an offscreen
@@ -25,11 +24,9 @@ public:
     static FuzzEnvironment& Get();
 
     CKorvane& Root() const { return *m_root; }
-    // The first installed context whose module can be used and whose token
-    // list is not empty, made the root's; stops the process when there is none.
-    std::shared_ptr<IGameContext> AnyUsableContext();
-    // Fills an empty map with one unit of each token of AnyUsableContext and
-    // an arrow, and swaps it out.
+    // Fills an empty map with one unit of each token of the first usable
+    // module with tokens (made the root's context) and an arrow, and swaps
+    // it out; stops the process when no module can be used.
     void FillAndSwapOut(CMap& map);
     // Writes bytes to a file of that name in a scratch folder and returns
     // the folder, ending in "/".
