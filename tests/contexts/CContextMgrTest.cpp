@@ -11,7 +11,6 @@
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "support/ErrorText.h"
-#include "support/PackEdit.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 

@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -74,6 +75,25 @@ struct TestModule
     static QColor ColorOf(const QString& entry);
     static QByteArray Picture(const QString& entry, QSize size);
 };
+
+// One record of a pack's directory, saying whatever the test wants it to.
+struct RawEntry
+{
+    QString Name;
+    std::int32_t Position;
+    std::int32_t Stored;
+    std::int32_t Unpacked;
+};
+
+// A pack assembled by hand: its header, a directory that claims count records
+// and holds these, then data.
+QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries,
+                   const QByteArray& data);
+
+// The module's pack with further entries appended under names the writer
+// would refuse ("notes..txt", a second "Board.png"); all data stored as it is.
+QByteArray AppendRawEntries(const TestModule& module,
+                            const std::vector<std::pair<QString, QByteArray>>& entries);
 
 // Keeps every call in order: "Load", "Show", "status text", "Hide", "Unload".
 class RecordingProgress : public FProgressWin

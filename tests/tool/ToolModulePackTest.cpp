@@ -2,7 +2,6 @@
 
 #include "contexts/CResFileMgr.h"
 #include "core/CKorvane.h"
-#include "support/PackEdit.h"
 
 #include <QDir>
 #include <QFile>
