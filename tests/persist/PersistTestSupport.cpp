@@ -14,9 +14,7 @@ QByteArray FileAround(const QByteArray& body, const QByteArray& storedId)
 
 TestModule PersistTest::module(const QString& name)
 {
-    TestModule m;
-    m.UniqueId = name;
-    m.Title = name;
+    TestModule m = TestModule::Titled(name, name);
     m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
                 TestToken(QStringLiteral("tank")),
                 TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
