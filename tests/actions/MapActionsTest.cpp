@@ -19,7 +19,7 @@ protected:
         arrow.SetMapId(board()->Id());
         arrow.SetTokenId(QStringLiteral("ARROW"));
         arrow.Execute();
-        addArrow(*board(), 5, 0xABCDEF);
+        AddArrow(*board(), -5, 7, 5, 6, 0xABCDEF);
         game->SetDirty(0);
         events->Lines.clear();
     }

@@ -9,8 +9,6 @@
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "support/ErrorText.h"
-#include "support/PackEdit.h"
-#include "support/QtPrinters.h"
 #include "support/TestHome.h"
 #include "tokens/IToken.h"
 
@@ -25,15 +23,6 @@ class ContextMgrTest : public ::testing::Test
 {
 protected:
     void TearDown() override { ReleaseRoot(); }
-
-    CKorvane& startRoot(IProgressMonitor* progress = nullptr, CKorvane::GuiFactory gui = {})
-    {
-        auto root = std::make_shared<CKorvane>();
-        InstallRoot(root);
-        root->SetGuiFactory(std::move(gui));
-        root->Constructor(progress);
-        return *root;
-    }
 
     QString module(const QString& file, const TestModule& m) const
     {
@@ -100,7 +89,7 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
                                                           {"sub/dir.png", "s"},
                                                           {"ICON.PNG", "i"}};
     home.WriteFile(QStringLiteral("modules/zeta.krm"),
-                   AppendRawEntries(TestModule::Titled("wars", "Alpha Wars").Pack(), odd));
+                   AppendRawEntries(TestModule::Titled("wars", "Alpha Wars"), odd));
     TestModule::Titled("mine", "Zz Mine").WriteTo(home.File(QStringLiteral("usermods/b.udm")));
     TestModule::Titled("aardvark", "Aardvark")
         .WriteTo(home.File(QStringLiteral("usermods/aaa.udm")));
@@ -108,7 +97,7 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
     RecordingProgress progress;
     std::int32_t seenByGui = -1;
     CKorvane& root =
-        startRoot(&progress, [&seenByGui] { return std::make_unique<CountingGui>(seenByGui); });
+        StartRoot(&progress, [&seenByGui] { return std::make_unique<CountingGui>(seenByGui); });
     const CContextMgr& manager = root.ContextMgr();
     EXPECT_EQ(seenByGui, 5) << "discovery must be over before the windows are built";
     const QStringList expected{
@@ -126,7 +115,7 @@ TEST_F(ContextMgrTest, ModulesComeFirstThenUserModulesEachByName)
     // Progress: the search, then each module in listing order, between the
     // root's own first and last lines.
     EXPECT_EQ(
-        progress.Texts,
+        progress.Calls,
         (QStringList{"Initializing...", "Searching for Games...",
                      "Module 'Mountain Pass' was loaded...", "Module 'beta Front' was loaded...",
                      "Module 'Alpha Wars' was loaded...", "Module 'Aardvark' was loaded...",
@@ -148,7 +137,7 @@ TEST_F(ContextMgrTest, FixedFileNamesAreServedByTheirOwnClassesInAnyCase)
     module(QStringLiteral("Aaev1.krm"), noDefinition);
     home.WriteFile(QStringLiteral("modules/squv1.krm"), QByteArray("not a pack at all", 17));
 
-    const CContextMgr& manager = startRoot().ContextMgr();
+    const CContextMgr& manager = StartRoot().ContextMgr();
     EXPECT_EQ(describe(manager, 2), "2|Korvane Chess|krm_chess_by_tavrelstudio_v1|module|mcm|"
                                     "modules|KRC|https://example.org/some_chess|none");
 
@@ -180,18 +169,18 @@ TEST_F(ContextMgrTest, FirstPackOfAnIdWinsAndUnusablePacksAreSkippedSilently)
 
     // An unusable pack beside them is skipped silently, its unpacked definition removed.
     home.WriteFile(QStringLiteral("usermods/broken.udm"),
-                   EditPack(TestModule().Pack(), {{"module.def", "<module_def><game_info>"}}));
+                   TestModule().Pack({{"module.def", "<module_def><game_info>"}}));
     module(QStringLiteral("good.krm"), TestModule::Titled("good", "Good"));
 
     RecordingProgress progress;
     testing::internal::CaptureStderr();
-    CKorvane& root = startRoot(&progress);
+    CKorvane& root = StartRoot(&progress);
     const std::string console = testing::internal::GetCapturedStderr();
     EXPECT_TRUE(console.empty()) << console;
     const CContextMgr& manager = root.ContextMgr();
     EXPECT_EQ(captions(manager), (QStringList{"Chess Copy", "First", "Good", "User Twin"}));
     // The skipped pack is not announced and leaves no cache file behind.
-    EXPECT_EQ(progress.Texts.filter(QStringLiteral("was loaded")).size(), 4);
+    EXPECT_EQ(progress.Calls.filter(QStringLiteral("was loaded")).size(), 4);
     EXPECT_EQ(cacheFileCount(), 4);
 }
 

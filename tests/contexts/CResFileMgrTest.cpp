@@ -2,7 +2,7 @@
 #include "contexts/CResFileWriter.h"
 #include "core/CUtility.h"
 #include "core/KorvaneError.h"
-#include "support/PackEdit.h"
+#include "support/ContextTestSupport.h"
 #include "support/RootFixture.h"
 
 #include <QDateTime>

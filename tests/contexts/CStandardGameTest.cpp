@@ -111,7 +111,7 @@ TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardDeactivationGivesThe
     RecordingProgress progress;
     context->Activate(&progress);
     ASSERT_TRUE(context->IsActive());
-    EXPECT_EQ(progress.Texts, (QStringList{"Loading the 'Mixed Bag' Module...",
+    EXPECT_EQ(progress.Calls, (QStringList{"Loading the 'Mixed Bag' Module...",
                                            "Loading the Map...", "Loading Token 1 of 5...",
                                            "Loading Token 2 of 5...", "Loading Token 3 of 5...",
                                            "Loading Token 4 of 5...", "Loading Token 5 of 5..."}));
@@ -119,8 +119,17 @@ TEST_F(StandardGameTest, ActivationBuildsTokensListsAndBoardDeactivationGivesThe
     EXPECT_EQ(context->MapPicture().pixelColor(10, 10), TestModule::ColorOf("board.png"));
 
     QStringList lines;
-    for (const auto& token : context->Tokens())
-        lines << TokenLine(*token);
+    for (const auto& t : context->Tokens())
+        lines << QStringLiteral("%1|%2|%3|%4|%5|%6|%7|%8x%9|")
+                         .arg(t->Id(), t->Class(), QString::number(t->Index()), t->Category(),
+                              t->Caption(), t->Custom(), t->Image())
+                         .arg(t->ImageWidth())
+                         .arg(t->ImageHeight()) +
+                     QStringLiteral("%1,%2,%3,%4")
+                         .arg(t->RegionLeft())
+                         .arg(t->RegionTop())
+                         .arg(t->RegionWidth())
+                         .arg(t->RegionHeight());
     EXPECT_EQ(lines, (QStringList{
                          "inf|CQuantityToken|1|Land|Infantry||inf|36x36|2,3,20,36",
                          "note|CTextToken|2|Land|note|Hold the line|note|36x36|0,0,36,36",

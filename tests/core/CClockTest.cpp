@@ -9,7 +9,6 @@
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
-#include "support/QtPrinters.h"
 #include "support/RootFixture.h"
 
 #include <QAction>

@@ -3,7 +3,6 @@
 #include "core/CDebug.h"
 #include "core/CTraceScope.h"
 #include "core/MMain.h"
-#include "support/QtPrinters.h"
 #include "support/RootFixture.h"
 
 #include <QDir>

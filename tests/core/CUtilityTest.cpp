@@ -1,6 +1,5 @@
 #include "core/CUtility.h"
 
-#include "support/QtPrinters.h"
 #include "support/TestHome.h"
 
 #include <QDir>

@@ -2,7 +2,6 @@
 
 #include "core/CString.h"
 #include "support/ErrorText.h"
-#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,3 @@
-#include "support/QtPrinters.h"
 
 #include <QDateTime>
 #include <QDir>

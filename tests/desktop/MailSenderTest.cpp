@@ -4,7 +4,6 @@
 #include "model/CMapGroup.h"
 #include "persist/CMailSender.h"
 #include "support/EnvScope.h"
-#include "support/QtPrinters.h"
 
 #include <QDir>
 #include <QFile>

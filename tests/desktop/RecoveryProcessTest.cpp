@@ -4,7 +4,6 @@
 #include "model/CGame.h"
 #include "persist/CGameFile.h"
 #include "support/ContextTestSupport.h"
-#include "support/QtPrinters.h"
 #include "support/TestHome.h"
 
 #include <QDir>

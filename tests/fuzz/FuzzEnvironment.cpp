@@ -3,10 +3,16 @@
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
+#include "core/CUtility.h"
 #include "core/MMain.h"
+#include "model/CArrow.h"
+#include "model/CMap.h"
+#include "model/CUnit.h"
+#include "tokens/IToken.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -46,21 +52,44 @@ FuzzEnvironment::FuzzEnvironment()
     m_root->Constructor(nullptr);
 }
 
-std::shared_ptr<IGameContext> FuzzEnvironment::AnyUsableContext()
+void FuzzEnvironment::FillAndSwapOut(CMap& map)
 {
-    const CContextMgr& contexts = m_root->ContextMgr();
-    for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
-        const std::shared_ptr<IGameContext> context = contexts.Context(i);
-        if (MMain::SwitchContext(context) && context->Tokens().Count() > 0)
-            return context;
+    // The first module that can be used and has tokens, made the root's.
+    static const std::shared_ptr<IGameContext> context = [this] {
+        const CContextMgr& contexts = m_root->ContextMgr();
+        for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
+            if (MMain::SwitchContext(contexts.Context(i)) &&
+                contexts.Context(i)->Tokens().Count() > 0)
+                return contexts.Context(i);
+        }
+        qFatal("no shipped module can be used");
+    }();
+    map.AquireLock();
+    const CVector<IToken>& tokens = context->Tokens();
+    for (std::int32_t i = 1; i <= tokens.Count(); ++i) {
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), tokens.Item(i));
+        unit->SetX(10 * i);
+        unit->SetY(20 * i);
+        unit->SetCaption(QStringLiteral("x%1").arg(i));
+        map.Units()->AddItem(unit);
     }
-    return nullptr;
+    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+    arrow->SetHeadX(40);
+    arrow->SetHeadY(50);
+    map.Arrows()->AddItem(arrow);
+    map.ReleaseLock();
 }
 
 QString FuzzEnvironment::WriteScratch(const QString& name, const QByteArray& bytes) const
 {
-    QFile file(m_scratch + name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
-        qFatal("cannot write the scratch file %s", qPrintable(file.fileName()));
+    WriteFile(m_scratch + name, bytes);
     return m_scratch;
+}
+
+void FuzzEnvironment::WriteFile(const QString& path, const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
 }

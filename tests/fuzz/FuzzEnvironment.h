@@ -1,12 +1,18 @@
 #pragma once
 
+#include "persist/CZlib.h"
+
 #include <QByteArray>
 #include <QString>
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <memory>
+#include <vector>
 
 class CKorvane;
-class IGameContext;
+class CMap;
 
 // What every fuzz target shares, built once per process and never destroyed
 // (libFuzzer ends the process with exit() from inside a run): an offscreen
@@ -18,12 +24,15 @@ public:
     static FuzzEnvironment& Get();
 
     CKorvane& Root() const { return *m_root; }
-    // The first installed context whose module can be used and whose token
-    // list is not empty; null when there is none.
-    std::shared_ptr<IGameContext> AnyUsableContext();
+    // Fills an empty map with one unit of each token of the first usable
+    // module with tokens (made the root's context) and an arrow, and swaps
+    // it out; stops the process when no module can be used.
+    void FillAndSwapOut(CMap& map);
     // Writes bytes to a file of that name in a scratch folder and returns
     // the folder, ending in "/".
     QString WriteScratch(const QString& name, const QByteArray& bytes) const;
+    // Writes bytes to a file, creating its folder; stops the process when it cannot.
+    static void WriteFile(const QString& path, const QByteArray& bytes);
 
 private:
     FuzzEnvironment();
@@ -31,3 +40,33 @@ private:
     QString m_scratch;
     std::shared_ptr<CKorvane> m_root;
 };
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
+
+// Inflates a zlib stream of at most 1 MiB, lets libFuzzer mutate what it holds
+// and compresses that again at level 9, as game bodies and pack directories
+// are stored; plainLength receives the mutated length. Null when the stream
+// does not inflate.
+inline QByteArray MutateInflated(const std::uint8_t* stream, std::size_t size,
+                                 std::int32_t& plainLength)
+{
+    std::vector<unsigned char> plain;
+    if (CZlib::InflateBounded(stream, size, 1 << 20, plain) != 0)
+        return QByteArray();
+    const std::size_t length = plain.size();
+    plain.resize(2 * length + 64);
+    plain.resize(LLVMFuzzerMutate(plain.data(), length, plain.size()));
+    plainLength = static_cast<std::int32_t>(plain.size());
+    // qCompress is compress2 behind a big-endian length of its own.
+    return qCompress(plain.data(), static_cast<qsizetype>(plain.size()), 9).mid(4);
+}
+
+// Hands a mutated input back to libFuzzer, or mutates plainly when it is too long.
+inline std::size_t TakeMutation(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                const QByteArray& mutated)
+{
+    if (static_cast<std::size_t>(mutated.size()) > maxSize)
+        return LLVMFuzzerMutate(data, size, maxSize);
+    std::memcpy(data, mutated.constData(), static_cast<std::size_t>(mutated.size()));
+    return static_cast<std::size_t>(mutated.size());
+}

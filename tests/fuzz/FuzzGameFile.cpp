@@ -16,44 +16,25 @@
 
 #include <QtEndian>
 
-#include <zlib.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
                                                std::size_t maxSize, unsigned int seed)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     CGameFile::Header header;
-    constexpr std::int32_t largestBody = 1 << 20;
-    if (seed % 4 == 0 || !CGameFile::ReadHeader(bytes, header, nullptr) || header.BodyLength <= 0 ||
-        header.BodyLength > largestBody)
+    std::int32_t bodyLength = 0;
+    const QByteArray packed =
+        seed % 4 == 0 || !CGameFile::ReadHeader(bytes, header, nullptr)
+            ? QByteArray()
+            : MutateInflated(data + header.BodyOffset, size - std::size_t(header.BodyOffset),
+                             bodyLength);
+    if (packed.isNull())
         return LLVMFuzzerMutate(data, size, maxSize);
-    QByteArray body(2 * header.BodyLength + 64, '\0');
-    uLongf bodyLength = static_cast<uLongf>(header.BodyLength);
-    uLong packedLength = static_cast<uLong>(size - static_cast<std::size_t>(header.BodyOffset));
-    if (uncompress2(reinterpret_cast<Bytef*>(body.data()), &bodyLength, data + header.BodyOffset,
-                    &packedLength) != Z_OK)
-        return LLVMFuzzerMutate(data, size, maxSize);
-    bodyLength = LLVMFuzzerMutate(reinterpret_cast<std::uint8_t*>(body.data()), bodyLength,
-                                  static_cast<std::size_t>(body.size()));
-
-    QByteArray packed(static_cast<qsizetype>(compressBound(bodyLength)), '\0');
-    uLongf packedSize = static_cast<uLongf>(packed.size());
-    compress2(reinterpret_cast<Bytef*>(packed.data()), &packedSize,
-              reinterpret_cast<const Bytef*>(body.constData()), bodyLength, 9);
-    QByteArray file =
-        bytes.left(header.BodyOffset) + packed.left(static_cast<qsizetype>(packedSize));
-    qToLittleEndian(static_cast<std::int32_t>(bodyLength), file.data() + header.BodyOffset - 4);
-    file = file.leftJustified((file.size() + 3) / 4 * 4, '\0');
-    if (static_cast<std::size_t>(file.size()) > maxSize)
-        return LLVMFuzzerMutate(data, size, maxSize);
-    std::memcpy(data, file.constData(), static_cast<std::size_t>(file.size()));
-    return static_cast<std::size_t>(file.size());
+    QByteArray file = bytes.left(header.BodyOffset) + packed;
+    qToLittleEndian(bodyLength, file.data() + header.BodyOffset - 4);
+    return TakeMutation(data, size, maxSize, file.leftJustified((file.size() + 3) / 4 * 4, '\0'));
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -1,15 +1,12 @@
-// Reads a swap file back: a map holding one unit is swapped out, its swap
+// Reads a swap file back: a map holding units is swapped out, its swap
 // file is replaced by the input, and the map is locked again. A damaged file
 // must raise KorvaneError and leave the map swapped out; a readable one must
 // swap out and in again.
 #include "FuzzEnvironment.h"
 
-#include "contexts/IGameContext.h"
 #include "core/CUtility.h"
 #include "core/KorvaneError.h"
 #include "model/CMap.h"
-#include "model/CUnit.h"
-#include "tokens/IToken.h"
 
 #include <QFile>
 
@@ -18,15 +15,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const std::shared_ptr<IGameContext> context = FuzzEnvironment::Get().AnyUsableContext();
-    if (!context)
-        qFatal("no shipped module can be used");
-
     CMap map(CUtility::GenerateId(), CUtility::GenerateId());
-    map.AquireLock();
-    map.Units()->AddItem(
-        std::make_shared<CUnit>(CUtility::GenerateId(), context->Tokens().Item(1)));
-    map.ReleaseLock();
+    FuzzEnvironment::Get().FillAndSwapOut(map);
     QFile swap(map.SwapFile());
     if (!swap.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         swap.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size)) !=

@@ -11,24 +11,14 @@
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "core/MMain.h"
-#include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
-#include "model/CUnit.h"
 #include "persist/CGameFile.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace {
-
-void writeSeed(const QString& folder, const QString& name, const QByteArray& bytes)
-{
-    QDir().mkpath(folder);
-    QFile file(folder + QLatin1Char('/') + name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
-        qFatal("cannot write the seed %s", qPrintable(file.fileName()));
-}
 
 QByteArray fileBytes(const QString& path)
 {
@@ -49,48 +39,35 @@ int main(int argc, char** argv)
 
     const QDir shipped(QStringLiteral(KORVANE_SHIPPED_MODULES_DIR));
     for (const QString& name : shipped.entryList({QStringLiteral("*.krm")}, QDir::Files)) {
-        writeSeed(out + "pack", name, fileBytes(shipped.filePath(name)));
+        FuzzEnvironment::WriteFile(out + "pack/" + name, fileBytes(shipped.filePath(name)));
         CResFileMgr pack(shipped.path(), name);
         QByteArray definition;
         if (pack.ReadEntry(QStringLiteral("module.def"), definition))
-            writeSeed(out + "module_def", name + QStringLiteral(".def"), definition);
+            FuzzEnvironment::WriteFile(out + "module_def/" + name + QStringLiteral(".def"),
+                                       definition);
     }
 
     // A small pack: one entry stored as it is, one compressed.
     CResFileWriter small;
     small.AddEntry(QStringLiteral("stored.bin"), QByteArrayLiteral("\x01\x7f\xfe\x80"));
     small.AddEntry(QStringLiteral("packed.txt"), QByteArray(200, 'k'));
-    writeSeed(out + "pack", QStringLiteral("small.krm"), small.ToBytes());
+    FuzzEnvironment::WriteFile(out + QStringLiteral("pack/small.krm"), small.ToBytes());
 
     const CContextMgr& contexts = environment.Root().ContextMgr();
     for (std::int32_t i = 1; i <= contexts.ContextCount(); ++i) {
         const std::shared_ptr<IGameContext> context = contexts.Context(i);
         if (!MMain::SwitchContext(context))
             continue;
-        writeSeed(out + "game_file", QStringLiteral("new-%1.krf").arg(i),
-                  CGameFile::ToBytes(*context->CreateDefaultGame(),
-                                     CContextMgr::TranslateInternalId(context->Id())));
+        FuzzEnvironment::WriteFile(
+            out + "game_file/" + QStringLiteral("new-%1.krf").arg(i),
+            CGameFile::ToBytes(*context->CreateDefaultGame(),
+                               CContextMgr::TranslateInternalId(context->Id())));
     }
 
     // The swap target reads its files under the context it picks itself.
-    const std::shared_ptr<IGameContext> context = environment.AnyUsableContext();
-    if (!context)
-        qFatal("no shipped module can be used");
     CMap map(CUtility::GenerateId(), CUtility::GenerateId());
-    map.AquireLock();
-    const CVector<IToken>& tokens = context->Tokens();
-    for (std::int32_t i = 1; i <= tokens.Count(); ++i) {
-        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), tokens.Item(i));
-        unit->SetX(10 * i);
-        unit->SetY(20 * i);
-        unit->SetCaption(QStringLiteral("x%1").arg(i));
-        map.Units()->AddItem(unit);
-    }
-    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
-    arrow->SetHeadX(40);
-    arrow->SetHeadY(50);
-    map.Arrows()->AddItem(arrow);
-    map.ReleaseLock();
-    writeSeed(out + "swap_file", QStringLiteral("units.swap"), fileBytes(map.SwapFile()));
+    environment.FillAndSwapOut(map);
+    FuzzEnvironment::WriteFile(out + QStringLiteral("swap_file/units.swap"),
+                               fileBytes(map.SwapFile()));
     return 0;
 }

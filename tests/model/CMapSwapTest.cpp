@@ -19,15 +19,15 @@ protected:
         b = addMap(*group, QStringLiteral("B"));
         c = addMap(*group, QStringLiteral("C"));
         group->SwitchTo(a);
-        addUnit(*a, QStringLiteral("INF"), 10, 20, QStringLiteral("x3"), QStringLiteral("3"));
-        addUnit(*a, QStringLiteral("ARROW"), -5, 7000, QString(), QString(), true);
+        AddUnit(*a, QStringLiteral("INF"), 10, 20, QStringLiteral("x3"), QStringLiteral("3"));
+        AddUnit(*a, QStringLiteral("ARROW"), -5, 7000, QString(), QString(), true);
         // Texts the game file's code page cannot hold stay exact in swap files.
-        addUnit(*a, QStringLiteral("TANK"), 1, 2, QStringLiteral("Тигр"), QStringLiteral("戦車"));
-        addUnit(*a, QStringLiteral("MARK"), 3, 4, QString(300, QChar(0x263A)), QStringLiteral("0"));
-        addArrow(*a, 100, 0xFF00FF);
-        addArrow(*a, 200, 65535);
+        AddUnit(*a, QStringLiteral("TANK"), 1, 2, QStringLiteral("Тигр"), QStringLiteral("戦車"));
+        AddUnit(*a, QStringLiteral("MARK"), 3, 4, QString(300, QChar(0x263A)), QStringLiteral("0"));
+        AddArrow(*a, -100, 7, 100, 101, 0xFF00FF);
+        AddArrow(*a, -200, 7, 200, 201, 65535);
         b->AquireLock();
-        addUnit(*b, QStringLiteral("TANK"), 9, 9, QStringLiteral("b"), QString());
+        AddUnit(*b, QStringLiteral("TANK"), 9, 9, QStringLiteral("b"), QString());
         b->ReleaseLock();
     }
 
@@ -71,7 +71,7 @@ TEST_F(MapSwap, listsAreReachableOnlyWhileLockedAndLocksNest)
     b->AquireLock();
     b->AquireLock();
     ASSERT_NE(b->Units(), nullptr);
-    addUnit(*b, QStringLiteral("TANK"), 1, 1, QString(), QString());
+    AddUnit(*b, QStringLiteral("TANK"), 1, 1, QString(), QString());
     b->ReleaseLock();
     EXPECT_FALSE(b->SwappedOut()) << "only the last release swaps out";
     EXPECT_EQ(b->Units()->Count(), 2);
@@ -122,7 +122,7 @@ TEST_F(MapSwap, swapFailuresFailTheSwitchAndKeepTheMapsAsTheyWere)
     QFile::remove(a->SwapFile());
     a = addMap(*group, QStringLiteral("A2"));
     group->SwitchTo(a);
-    addUnit(*a, QStringLiteral("INF"), 1, 1, QString(), QString());
+    AddUnit(*a, QStringLiteral("INF"), 1, 1, QString(), QString());
     group->SwitchTo(c);
     auto other = std::make_shared<TestContext>(QStringLiteral("x"), QStringLiteral("krm_other_v1"));
     for (const auto& t : context->Tokens())

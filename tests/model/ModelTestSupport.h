@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -16,6 +17,36 @@
 
 #include <QByteArray>
 #include <QStringList>
+
+// A unit of the root's context on a locked map.
+inline std::shared_ptr<CUnit> AddUnit(CMap& map, const QString& tokenId, std::int32_t x,
+                                      std::int32_t y, const QString& caption = QString(),
+                                      const QString& data = QString(), bool moved = false)
+{
+    const CVector<IToken>& tokens = Root().Context()->Tokens();
+    auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
+                                        tokens.Item(CUtility::SearchById(tokens, tokenId)));
+    unit->SetX(x);
+    unit->SetY(y);
+    unit->SetCaption(caption);
+    unit->SetData(data);
+    unit->SetHasMoved(moved);
+    map.Units()->AddItem(unit);
+    return unit;
+}
+
+inline std::shared_ptr<CArrow> AddArrow(CMap& map, std::int32_t tailX, std::int32_t tailY,
+                                        std::int32_t headX, std::int32_t headY, std::int32_t color)
+{
+    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
+    arrow->SetTailX(tailX);
+    arrow->SetTailY(tailY);
+    arrow->SetHeadX(headX);
+    arrow->SetHeadY(headY);
+    arrow->SetColor(color);
+    map.Arrows()->AddItem(arrow);
+    return arrow;
+}
 
 // A root with an active test context holding a quantity, an empty, an arrow,
 // a numeric and a second empty token (at indexes 1 to 5).
@@ -45,33 +76,6 @@ protected:
         map->SetName(name);
         group.Maps().AddItem(map);
         return map;
-    }
-
-    // The map must be locked.
-    std::shared_ptr<CUnit> addUnit(CMap& map, const QString& tokenId, std::int32_t x,
-                                   std::int32_t y, const QString& caption, const QString& data,
-                                   bool moved = false) const
-    {
-        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), token(tokenId));
-        unit->SetX(x);
-        unit->SetY(y);
-        unit->SetCaption(caption);
-        unit->SetData(data);
-        unit->SetHasMoved(moved);
-        map.Units()->AddItem(unit);
-        return unit;
-    }
-
-    static std::shared_ptr<CArrow> addArrow(CMap& map, std::int32_t headX, std::int32_t color)
-    {
-        auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
-        arrow->SetHeadX(headX);
-        arrow->SetHeadY(headX + 1);
-        arrow->SetTailX(-headX);
-        arrow->SetTailY(7);
-        arrow->SetColor(color);
-        map.Arrows()->AddItem(arrow);
-        return arrow;
     }
 
     // Every unit and arrow of a locked map, one line each, in list order.

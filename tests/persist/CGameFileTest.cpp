@@ -28,10 +28,10 @@ TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysReadBackWholeOrNotAtAll)
         map->SetText(QStringLiteral("T"));
         map->SetFrozen(true);
         game.SwitchTo(group);
-        addUnit(*map, QStringLiteral("TANK"), 10, -2, QStringLiteral("ab"), QStringLiteral("3"),
+        AddUnit(*map, QStringLiteral("TANK"), 10, -2, QStringLiteral("ab"), QStringLiteral("3"),
                 true);
-        const auto arrowUnit = addUnit(*map, QStringLiteral("ARROW"), 0, 0, QString(), QString());
-        const auto arrow = addArrow(*map, 100, 255);
+        const auto arrowUnit = AddUnit(*map, QStringLiteral("ARROW"), 0, 0, QString(), QString());
+        const auto arrow = AddArrow(*map, -100, 7, 100, 101, 255);
 
         Bytes body;
         body.i16(2).small(game.Id().toLatin1()).small(name.toLatin1()).small("Rm").i16(1);

@@ -47,16 +47,7 @@ protected:
     static std::shared_ptr<CUnit> addUnit(CMap& map, const QString& tokenId, std::int32_t x,
                                           const QString& caption = QString())
     {
-        const CVector<IToken>& tokens = Root().Context()->Tokens();
-        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
-                                            tokens.Item(CUtility::SearchById(tokens, tokenId)));
-        unit->SetX(x);
-        unit->SetY(x * 3 + 1);
-        unit->SetCaption(caption);
-        unit->SetData(QString::number(x % 7));
-        unit->SetHasMoved(x % 2 == 1);
-        map.Units()->AddItem(unit);
-        return unit;
+        return AddUnit(map, tokenId, x, x * 3 + 1, caption, QString::number(x % 7), x % 2 == 1);
     }
 
     static std::shared_ptr<CMap> addMap(CMapGroup& group, const QString& name)

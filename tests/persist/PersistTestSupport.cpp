@@ -4,25 +4,17 @@
 #include "contexts/IGameContext.h"
 #include "model/CGame.h"
 
-#include <zlib.h>
-
 QByteArray FileAround(const QByteArray& body, const QByteArray& storedId)
 {
-    uLongf packed = compressBound(static_cast<uLong>(body.size()));
-    QByteArray out(static_cast<qsizetype>(packed), '\0');
-    compress2(reinterpret_cast<Bytef*>(out.data()), &packed,
-              reinterpret_cast<const Bytef*>(body.constData()), static_cast<uLong>(body.size()), 9);
-    out.resize(static_cast<qsizetype>(packed));
+    // qCompress is zlib's compress2 behind a big-endian length of its own.
     const auto length = static_cast<std::int32_t>(body.size());
     return "KR01" + (char(storedId.size()) + storedId) +
-           QByteArray(reinterpret_cast<const char*>(&length), 4) + out;
+           QByteArray(reinterpret_cast<const char*>(&length), 4) + qCompress(body, 9).mid(4);
 }
 
 TestModule PersistTest::module(const QString& name)
 {
-    TestModule m;
-    m.UniqueId = name;
-    m.Title = name;
+    TestModule m = TestModule::Titled(name, name);
     m.Tokens = {TestToken(QStringLiteral("inf"), QStringLiteral("Quantity")),
                 TestToken(QStringLiteral("tank")),
                 TestToken(QStringLiteral("move"), QStringLiteral("Arrow")),
@@ -38,11 +30,8 @@ void PersistTest::writeModule(const QString& fileName, const TestModule& m) cons
 
 TestGui* PersistTest::start()
 {
-    auto root = std::make_shared<CKorvane>();
-    InstallRoot(root);
-    root->SetGuiFactory([] { return std::make_unique<TestGui>(); });
-    root->Constructor(nullptr);
-    return static_cast<TestGui*>(root->Gui());
+    return static_cast<TestGui*>(
+        StartRoot(nullptr, [] { return std::make_unique<TestGui>(); }).Gui());
 }
 
 void PersistTest::activate(const QString& id)

@@ -2,7 +2,6 @@
 
 #include "core/CGui.h"
 #include "core/CKorvane.h"
-#include "core/FProgressWin.h"
 #include "support/ContextTestSupport.h"
 #include "support/ScriptedFileDlg.h"
 #include "support/TestHome.h"
@@ -12,18 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-
-// Keeps every call in order: "Load", "Show", "status text", "Hide", "Unload".
-class RecordingProgressWin : public FProgressWin
-{
-public:
-    void Load() override { Calls << QStringLiteral("Load"); }
-    void Show() override { Calls << QStringLiteral("Show"); }
-    void Hide() override { Calls << QStringLiteral("Hide"); }
-    void Unload() override { Calls << QStringLiteral("Unload"); }
-    void UpdateStatus(const QString& text, float) override { Calls << text; }
-    QStringList Calls;
-};
 
 // The dialogs a test scripts; there is no main window.
 class TestGui : public CGui
@@ -36,9 +23,9 @@ public:
     FProgressWin* ProgressWin() override { return &Progress; }
 
     ScriptedMessages Boxes;
-    ScriptedSaveDlg Save;
-    ScriptedOpenDlg Open;
-    RecordingProgressWin Progress;
+    ScriptedFileDlg Save;
+    ScriptedFileDlg Open;
+    RecordingProgress Progress;
 };
 
 // A game file image around an arbitrary body, compressed as game files

@@ -2,8 +2,6 @@
 #include "persist/CInputStream.h"
 #include "persist/COutputStream.h"
 
-#include "support/QtPrinters.h"
-
 #include <gtest/gtest.h>
 
 using namespace Qt::Literals::StringLiterals;

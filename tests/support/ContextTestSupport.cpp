@@ -1,15 +1,14 @@
 #include "support/ContextTestSupport.h"
 
 #include "contexts/CResFileWriter.h"
-#include "core/CKorvane.h"
 #include "core/CUtility.h"
-#include "tokens/IToken.h"
+#include "persist/COutputStream.h"
+#include "persist/CZlib.h"
 
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QImage>
+
+#include <gtest/gtest.h>
 
 #include <set>
 
@@ -22,9 +21,10 @@ QString pictureOf(const QString& entry, const TestToken& token)
 
 } // namespace
 
-CKorvane& StartRoot(IProgressMonitor* progress)
+CKorvane& StartRoot(IProgressMonitor* progress, CKorvane::GuiFactory gui)
 {
     auto root = std::make_shared<CKorvane>();
+    root->SetGuiFactory(std::move(gui));
     InstallRoot(root);
     root->Constructor(progress);
     return *root;
@@ -108,50 +108,82 @@ QString TestModule::Definition() const
         .arg(tabs, InitialGame);
 }
 
-QByteArray TestModule::Pack() const
+std::vector<std::pair<QString, QByteArray>> TestModule::Entries(QMap<QString, QByteArray> replace,
+                                                                const QStringList& drop) const
 {
-    CResFileWriter writer;
+    std::vector<std::pair<QString, QByteArray>> entries;
+    std::set<QString> written;
+    const auto add = [&](const QString& name, const QByteArray& bytes) {
+        if (written.insert(name.toLower()).second && !drop.contains(name, Qt::CaseInsensitive))
+            entries.emplace_back(name, replace.contains(name) ? replace.take(name) : bytes);
+    };
     if (WithDefinition)
-        writer.AddEntry(QStringLiteral("module.def"), Definition().toUtf8());
+        add(QStringLiteral("module.def"), Definition().toUtf8());
     if (WithBoard)
-        writer.AddEntry(Board, Picture(Board, BoardSize));
-    writer.AddEntry(QStringLiteral("icon.png"), Picture(QStringLiteral("icon.png"), {16, 16}));
-    std::set<QString> written{Board.toLower(), QStringLiteral("icon.png")};
+        add(Board, Picture(Board, BoardSize));
+    add(QStringLiteral("icon.png"), Picture(QStringLiteral("icon.png"), {16, 16}));
     for (const TestToken& t : Tokens) {
         for (const QString& entry :
-             {pictureOf(t.Pallet, t), pictureOf(t.Drag, t), pictureOf(t.Unit, t)}) {
-            if (written.insert(entry.toLower()).second)
-                writer.AddEntry(entry, Picture(entry, {UnitSize, UnitSize}));
-        }
+             {pictureOf(t.Pallet, t), pictureOf(t.Drag, t), pictureOf(t.Unit, t)})
+            add(entry, Picture(entry, {UnitSize, UnitSize}));
     }
-    for (const auto& [name, bytes] : Extra)
+    entries.insert(entries.end(), Extra.begin(), Extra.end());
+    for (auto it = replace.cbegin(); it != replace.cend(); ++it)
+        entries.emplace_back(it.key(), it.value());
+    return entries;
+}
+
+QByteArray TestModule::Pack(const QMap<QString, QByteArray>& replace, const QStringList& drop) const
+{
+    CResFileWriter writer;
+    for (const auto& [name, bytes] : Entries(replace, drop))
         writer.AddEntry(name, bytes);
     return writer.ToBytes();
 }
 
-QString TestModule::WriteTo(const QString& path) const
+QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries, const QByteArray& data)
 {
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(Pack());
-    return path;
+    COutputStream directory;
+    directory.Constructor(4096);
+    directory.WriteLong(count);
+    for (const RawEntry& e : entries) {
+        directory.WriteSmallString(e.Name);
+        directory.WriteLong(e.Position);
+        directory.WriteLong(e.Stored);
+        directory.WriteLong(e.Unpacked);
+    }
+    directory.Resize(directory.Offset(), true);
+    const auto packed = CZlib().Compact(directory);
+    QByteArray bytes;
+    for (const std::int32_t value : {directory.Size(), packed->Size()})
+        bytes.append(reinterpret_cast<const char*>(&value), 4);
+    bytes.append(reinterpret_cast<const char*>(packed->Address()), packed->Size());
+    return bytes + data;
 }
 
-QString TokenLine(const IToken& t)
+QByteArray AppendRawEntries(const TestModule& module,
+                            const std::vector<std::pair<QString, QByteArray>>& entries)
 {
-    return QStringList{t.Id(),
-                       t.Class(),
-                       QString::number(t.Index()),
-                       t.Category(),
-                       t.Caption(),
-                       t.Custom(),
-                       t.Image(),
-                       QStringLiteral("%1x%2").arg(t.ImageWidth()).arg(t.ImageHeight()),
-                       QStringLiteral("%1,%2,%3,%4")
-                           .arg(t.RegionLeft())
-                           .arg(t.RegionTop())
-                           .arg(t.RegionWidth())
-                           .arg(t.RegionHeight())}
-        .join(QLatin1Char('|'));
+    std::vector<std::pair<QString, QByteArray>> all = module.Entries();
+    all.insert(all.end(), entries.begin(), entries.end());
+
+    // Every entry stored as it is; the data starts a little after the
+    // directory, which readers accept.
+    const auto directory = [&all](std::int32_t position) {
+        std::vector<RawEntry> records;
+        for (const auto& [name, data] : all) {
+            const auto size = static_cast<std::int32_t>(data.size());
+            records.push_back({name, position, size, size});
+            position += size;
+        }
+        return records;
+    };
+    const auto count = static_cast<std::int32_t>(all.size());
+    const auto dataStart = static_cast<std::int32_t>(RawPack(count, directory(0), {}).size() + 64);
+    QByteArray bytes = RawPack(count, directory(dataStart), {});
+    EXPECT_LE(bytes.size(), dataStart);
+    bytes.append(QByteArray(dataStart - bytes.size(), '\0'));
+    for (const auto& entry : all)
+        bytes.append(entry.second);
+    return bytes;
 }

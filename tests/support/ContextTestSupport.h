@@ -1,15 +1,19 @@
 #pragma once
 
+#include "core/CKorvane.h"
 #include "core/FMessageBox.h"
-#include "core/IProgressMonitor.h"
+#include "core/FProgressWin.h"
+#include "support/TestHome.h"
 
 #include <QByteArray>
 #include <QColor>
 #include <QList>
+#include <QMap>
 #include <QSize>
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -58,21 +62,49 @@ struct TestModule
     static TestModule Titled(const QString& uniqueId, const QString& title);
 
     QString Definition() const;
-    QByteArray Pack() const;
+    // The pack's entries in order. replace gives entries other bytes (adding
+    // those the module lacks at the end); entries named in drop are left out.
+    std::vector<std::pair<QString, QByteArray>> Entries(QMap<QString, QByteArray> replace = {},
+                                                        const QStringList& drop = {}) const;
+    QByteArray Pack(const QMap<QString, QByteArray>& replace = {},
+                    const QStringList& drop = {}) const;
     // Writes the pack to path, creating folders; returns the path.
-    QString WriteTo(const QString& path) const;
+    QString WriteTo(const QString& path) const { return TestHome::Write(path, Pack()); }
 
     // The colour of the solid picture written for an entry.
     static QColor ColorOf(const QString& entry);
     static QByteArray Picture(const QString& entry, QSize size);
 };
 
-// Keeps every status line.
-class RecordingProgress : public IProgressMonitor
+// One record of a pack's directory, saying whatever the test wants it to.
+struct RawEntry
+{
+    QString Name;
+    std::int32_t Position;
+    std::int32_t Stored;
+    std::int32_t Unpacked;
+};
+
+// A pack assembled by hand: its header, a directory that claims count records
+// and holds these, then data.
+QByteArray RawPack(std::int32_t count, const std::vector<RawEntry>& entries,
+                   const QByteArray& data);
+
+// The module's pack with further entries appended under names the writer
+// would refuse ("notes..txt", a second "Board.png"); all data stored as it is.
+QByteArray AppendRawEntries(const TestModule& module,
+                            const std::vector<std::pair<QString, QByteArray>>& entries);
+
+// Keeps every call in order: "Load", "Show", "status text", "Hide", "Unload".
+class RecordingProgress : public FProgressWin
 {
 public:
-    void UpdateStatus(const QString& text, float) override { Texts.append(text); }
-    QStringList Texts;
+    void Load() override { Calls << QStringLiteral("Load"); }
+    void Show() override { Calls << QStringLiteral("Show"); }
+    void Hide() override { Calls << QStringLiteral("Hide"); }
+    void Unload() override { Calls << QStringLiteral("Unload"); }
+    void UpdateStatus(const QString& text, float) override { Calls << text; }
+    QStringList Calls;
 };
 
 // Answers questions from a script and keeps what was shown.
@@ -105,11 +137,6 @@ public:
     std::vector<Shown> Boxes;
 };
 
-class CKorvane;
-class IToken;
-
-// Installs a new root and constructs it, which discovers the home's modules.
-CKorvane& StartRoot(IProgressMonitor* progress = nullptr);
-
-// "id|Class|index|category|caption|custom|image|image w x h|region l,t,w,h" of a token.
-QString TokenLine(const IToken& token);
+// Installs a new root with that GUI factory and constructs it, which
+// discovers the home's modules.
+CKorvane& StartRoot(IProgressMonitor* progress = nullptr, CKorvane::GuiFactory gui = {});

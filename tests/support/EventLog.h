@@ -4,20 +4,18 @@
 
 #include <QStringList>
 
-#include <functional>
-
-// Writes "Event(arguments)" for every announcement it hears, into its own
-// Lines or, when given a name and a shared log, as "name:Event(arguments)".
-// Base is the listener interface or a window interface deriving from it.
+// Writes "Event(arguments)" for every announcement it hears into Lines, or
+// "name:Event(arguments)" into a log shared with other listeners. Base is the
+// listener interface or a window interface deriving from it.
 template <typename Base> class EventLogOf : public Base
 {
 public:
     EventLogOf() = default;
-    EventLogOf(QString name, QStringList& shared) : m_name(std::move(name)), m_shared(&shared) {}
+    EventLogOf(const QString& name, QStringList& shared)
+        : m_prefix(name + QLatin1Char(':')), m_log(&shared)
+    {}
 
     QStringList Lines;
-    // Runs after every announcement heard.
-    std::function<void()> OnHear;
 
     void NotifyOfArrowAdd(const QString& id) override { hear("ArrowAdd", id); }
     void NotifyOfArrowDelete(const QString& id) override { hear("ArrowDelete", id); }
@@ -45,17 +43,11 @@ public:
 private:
     void hear(const char* event, const QString& arguments)
     {
-        const QString line = QLatin1String(event) + QLatin1Char('(') + arguments + QLatin1Char(')');
-        if (m_shared)
-            *m_shared << m_name + QLatin1Char(':') + line;
-        else
-            Lines << line;
-        if (OnHear)
-            OnHear();
+        *m_log << m_prefix + QLatin1String(event) + QLatin1Char('(') + arguments + QLatin1Char(')');
     }
 
-    QString m_name;
-    QStringList* m_shared = nullptr;
+    QString m_prefix;
+    QStringList* m_log = &Lines;
 };
 
 using EventLog = EventLogOf<IGameEventListener>;

@@ -4,7 +4,6 @@
 #include "model/CGameEventMgr.h"
 #include "model/ModelTestSupport.h"
 #include "support/EventLog.h"
-#include "support/QtPrinters.h"
 #include "support/ScriptedGui.h"
 
 // The model fixture's root and context (800 x 600, tokens INF, TANK, ARROW,
@@ -44,7 +43,7 @@ protected:
     std::shared_ptr<CUnit> put(const QString& tokenId, std::int32_t x, std::int32_t y,
                                const QString& data = QString(), bool moved = false) const
     {
-        return addUnit(*board(), tokenId, x, y, QStringLiteral("x") + data, data, moved);
+        return AddUnit(*board(), tokenId, x, y, QStringLiteral("x") + data, data, moved);
     }
 
     // The board's last unit.

@@ -6,6 +6,7 @@
 #include <ostream>
 
 // Readable failure messages for Qt strings and byte arrays in gtest output.
+// tests/CMakeLists.txt puts this header in front of every test source.
 inline void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';

@@ -2,6 +2,7 @@
 
 #include "core/CGui.h"
 #include "core/CKorvane.h"
+#include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 
 #include <gtest/gtest.h>
@@ -15,10 +16,7 @@ class RootFixture : public ::testing::Test
 protected:
     void SetUp() override
     {
-        auto root = std::make_shared<CKorvane>();
-        root->SetGuiFactory([this] { return MakeGui(); });
-        InstallRoot(root);
-        root->Constructor(nullptr);
+        StartRoot(nullptr, [this] { return MakeGui(); });
     }
     void TearDown() override { ReleaseRoot(); }
     // The GUI the root builds when it is constructed; none by default.

@@ -49,6 +49,3 @@ private:
     QString m_extension;
     bool m_confirm = false;
 };
-
-using ScriptedSaveDlg = ScriptedFileDlg;
-using ScriptedOpenDlg = ScriptedFileDlg;

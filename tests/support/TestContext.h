@@ -1,6 +1,8 @@
 #pragma once
 
 #include "contexts/IGameContext.h"
+#include "tokens/CTokenFactory.h"
+#include "tokens/IToken.h"
 
 #include <QString>
 
@@ -10,10 +12,18 @@ class TestContext : public IGameContext
 {
 public:
     explicit TestContext(QString prefix = QStringLiteral("x"),
-                         QString id = QStringLiteral("krm_test_v1"));
+                         QString id = QStringLiteral("krm_test_v1"))
+        : m_prefix(std::move(prefix)), m_id(std::move(id))
+    {}
 
     // Appends a token made by class name, its index being its position.
-    std::shared_ptr<IToken> AddToken(const QString& className, const QString& id);
+    std::shared_ptr<IToken> AddToken(const QString& className, const QString& id)
+    {
+        const auto index = static_cast<std::int16_t>(m_tokens.Count() + 1);
+        m_tokens.AddItem(
+            CTokenFactory::Create(className, id, index, QStringLiteral("Units"), id, id, 40, 30));
+        return m_tokens.Item(m_tokens.Count());
+    }
     // The benchmarks' boards are larger than the default 800 x 600.
     void SetBoardSize(std::int32_t width, std::int32_t height)
     {

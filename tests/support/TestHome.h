@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/EnvScope.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -14,25 +16,14 @@ class TestHome
 {
 public:
     TestHome()
-        : m_previousHome(qgetenv("KORVANE_HOME")),
-          m_hadHome(qEnvironmentVariableIsSet("KORVANE_HOME"))
     {
-        qputenv("KORVANE_HOME", m_dir.path().toLocal8Bit());
+        m_env.Set("KORVANE_HOME", m_dir.path().toLocal8Bit());
         // Each test starts with an empty settings store, whatever ran before
         // it in the same process.
         QSettings(QSettings::defaultFormat(), QSettings::UserScope, QStringLiteral("Korvane"),
                   QStringLiteral("Korvane"))
             .clear();
     }
-    ~TestHome()
-    {
-        if (m_hadHome)
-            qputenv("KORVANE_HOME", m_previousHome);
-        else
-            qunsetenv("KORVANE_HOME");
-    }
-    TestHome(const TestHome&) = delete;
-    TestHome& operator=(const TestHome&) = delete;
 
     // The home, ending in "/".
     QString Path() const { return m_dir.path() + QLatin1Char('/'); }
@@ -41,7 +32,11 @@ public:
     // Writes bytes to a file inside the home, creating folders; returns its path.
     QString WriteFile(const QString& relative, const QByteArray& bytes) const
     {
-        const QString path = File(relative);
+        return Write(File(relative), bytes);
+    }
+    // Writes bytes to a file anywhere, creating folders; returns the path.
+    static QString Write(const QString& path, const QByteArray& bytes)
+    {
         QDir().mkpath(QFileInfo(path).absolutePath());
         QFile file(path);
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
@@ -56,6 +51,5 @@ public:
 
 private:
     QTemporaryDir m_dir;
-    QByteArray m_previousHome;
-    bool m_hadHome;
+    EnvScope m_env;
 };

@@ -31,8 +31,8 @@ class WindowGui : public CWidgetGui
 {
 public:
     ScriptedMessages Boxes;
-    ScriptedSaveDlg Save;
-    ScriptedOpenDlg Open;
+    ScriptedFileDlg Save;
+    ScriptedFileDlg Open;
     ScriptedNewGameDlg NewGame;
     ScriptedPopupMenu Popup;
 

@@ -5,7 +5,6 @@
 #include "tool/ToolTestSupport.h"
 
 #include "contexts/CResFileWriter.h"
-#include "support/PackEdit.h"
 
 #include <QElapsedTimer>
 

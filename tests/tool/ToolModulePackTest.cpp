@@ -2,7 +2,6 @@
 
 #include "contexts/CResFileMgr.h"
 #include "core/CKorvane.h"
-#include "support/PackEdit.h"
 
 #include <QDir>
 #include <QFile>
@@ -104,10 +103,9 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
     QByteArray damaged = TestModule::Picture(QStringLiteral("inf.png"), {UnitSize, UnitSize});
     damaged[damaged.size() - 20] = ~damaged[damaged.size() - 20];
     QStringList problems = problemsOf(QStringLiteral("pictures.krm"),
-                                      EditPack(module.Pack(),
-                                               {{QStringLiteral("board.png"), "not a picture"},
-                                                {QStringLiteral("inf.png"), damaged}},
-                                               {QStringLiteral("ghost.png")}));
+                                      module.Pack({{QStringLiteral("board.png"), "not a picture"},
+                                                   {QStringLiteral("inf.png"), damaged}},
+                                                  {QStringLiteral("ghost.png")}));
     ASSERT_EQ(problems.size(), 3);
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("board.png: not a picture")));
     EXPECT_TRUE(problems[1].startsWith(QStringLiteral("inf.png: not a picture")));
@@ -120,22 +118,22 @@ TEST_F(ToolModulePack, CheckModuleNamesTheFaultyEntry)
     module.Tokens[0].Width = 10;
     module.InitialGame = QStringLiteral("start.krf");
     problems = problemsOf(QStringLiteral("game.krm"),
-                          EditPack(module.Pack(), {{QStringLiteral("start.krf"), "KR01 garbage"}}));
+                          module.Pack({{QStringLiteral("start.krf"), "KR01 garbage"}}));
     ASSERT_EQ(problems.size(), 2);
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("module.def: token 'inf'")));
     EXPECT_TRUE(problems[1].startsWith(QStringLiteral("start.krf: ")));
 
     // Odd entries are ignored one by one, each named; the module still checks.
-    problems = problemsOf(QStringLiteral("odd.krm"),
-                          AppendRawEntries(WarModule().Pack(),
-                                           {{"notes..txt", "n"}, {"Board.PNG", "not the board"}}));
+    problems = problemsOf(
+        QStringLiteral("odd.krm"),
+        AppendRawEntries(WarModule(), {{"notes..txt", "n"}, {"Board.PNG", "not the board"}}));
     EXPECT_EQ(problems, (QStringList{"notes..txt: ignored: a name a pack may not hold",
                                      "board.png: ignored: a second entry of that name (the "
                                      "first is used)"}));
 
     // A user module without a definition.
     problems = problemsOf(QStringLiteral("nodef.udm"),
-                          EditPack(WarModule().Pack(), {}, {QStringLiteral("module.def")}));
+                          WarModule().Pack({}, {QStringLiteral("module.def")}));
     ASSERT_EQ(problems.size(), 1);
     EXPECT_TRUE(problems[0].startsWith(QStringLiteral("module.def: missing")));
 }

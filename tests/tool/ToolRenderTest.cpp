@@ -9,7 +9,6 @@
 #include "persist/CGameFile.h"
 #include "render/CBoardRenderer.h"
 #include "render/CMapExport.h"
-#include "support/PackEdit.h"
 
 #include <QFile>
 #include <QImage>
@@ -208,7 +207,7 @@ TEST_F(ToolRender, TransparentLabelsLetTheBoardShowThrough)
             .replace(QStringLiteral(">war<"), QStringLiteral(">glass<"))
             .replace(QStringLiteral("transparent>false<"), QStringLiteral("transparent>true<"));
     home.WriteFile(QStringLiteral("modules/glass.krm"),
-                   EditPack(WarModule().Pack(), {{"module.def", definition.toUtf8()}}));
+                   WarModule().Pack({{"module.def", definition.toUtf8()}}));
     auto game = NewGame(QStringLiteral("Glass"));
     AddUnit(*game->ActiveMapGroup()->ActiveMap(), QStringLiteral("inf"), 40, 50, "x3");
     const QString path = home.WriteFile(QStringLiteral("glass.krf"),

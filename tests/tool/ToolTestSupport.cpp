@@ -1,16 +1,7 @@
 #include "tool/ToolTestSupport.h"
 
 #include "contexts/CContextMgr.h"
-#include "contexts/IGameContext.h"
-#include "core/CKorvane.h"
-#include "core/CUtility.h"
-#include "model/CArrow.h"
-#include "model/CGame.h"
-#include "model/CMap.h"
-#include "model/CMapGroup.h"
-#include "model/CUnit.h"
 #include "persist/CGameFile.h"
-#include "tokens/IToken.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -112,36 +103,6 @@ std::shared_ptr<CMap> ToolFixture::AddMap(CMapGroup& group, const QString& name)
     group.Maps().AddItem(map);
     group.SwitchTo(map);
     return map;
-}
-
-std::shared_ptr<CUnit> ToolFixture::AddUnit(CMap& map, const QString& tokenId, std::int32_t x,
-                                            std::int32_t y, const QString& caption,
-                                            const QString& data, bool moved) const
-{
-    const CVector<IToken>& tokens = context->Tokens();
-    auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
-                                        tokens.Item(CUtility::SearchById(tokens, tokenId)));
-    unit->SetX(x);
-    unit->SetY(y);
-    unit->SetCaption(caption);
-    unit->SetData(data);
-    unit->SetHasMoved(moved);
-    map.Units()->AddItem(unit);
-    return unit;
-}
-
-std::shared_ptr<CArrow> ToolFixture::AddArrow(CMap& map, std::int32_t tailX, std::int32_t tailY,
-                                              std::int32_t headX, std::int32_t headY,
-                                              std::int32_t color)
-{
-    auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
-    arrow->SetTailX(tailX);
-    arrow->SetTailY(tailY);
-    arrow->SetHeadX(headX);
-    arrow->SetHeadY(headY);
-    arrow->SetColor(color);
-    map.Arrows()->AddItem(arrow);
-    return arrow;
 }
 
 QString ToolFixture::Save(CGame& game, const QString& fileName) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/ModelTestSupport.h"
 #include "support/ContextTestSupport.h"
 #include "support/TestHome.h"
 
@@ -62,13 +63,6 @@ protected:
     std::shared_ptr<CGame> NewGame(const QString& name) const;
     // Adds a map to a group and makes it the group's active (locked) map.
     static std::shared_ptr<CMap> AddMap(CMapGroup& group, const QString& name);
-    // The map must be locked.
-    std::shared_ptr<CUnit> AddUnit(CMap& map, const QString& tokenId, std::int32_t x,
-                                   std::int32_t y, const QString& caption = QString(),
-                                   const QString& data = QString(), bool moved = false) const;
-    static std::shared_ptr<CArrow> AddArrow(CMap& map, std::int32_t tailX, std::int32_t tailY,
-                                            std::int32_t headX, std::int32_t headY,
-                                            std::int32_t color);
     // Saves a game of the war module into the home; returns its path.
     QString Save(CGame& game, const QString& fileName) const;
 

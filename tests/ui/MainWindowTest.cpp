@@ -7,7 +7,6 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "render/CMapExport.h"
-#include "support/QtPrinters.h"
 #include "support/TestContext.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
