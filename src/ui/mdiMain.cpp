@@ -20,10 +20,15 @@
 #include "ui/mdcBoard.h"
 
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
+#include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -53,6 +58,7 @@ mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
     layout->addWidget(m_tabs);
     layout->addWidget(m_board, 1);
     setCentralWidget(centre);
+    setAcceptDrops(true);
 
     m_palette = new UTokenPalette(this);
     addDockWidget(Qt::LeftDockWidgetArea, m_palette);
@@ -95,6 +101,42 @@ void mdiMain::Load()
     size = size.boundedTo(QSize(1400, 950));
     resize(size);
     move(available.center() - QPoint(size.width() / 2, size.height() / 2));
+}
+
+QString mdiMain::DroppedGameFile(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    if (urls.size() != 1 || !urls.constFirst().isLocalFile())
+        return QString();
+    const QString path = urls.constFirst().toLocalFile();
+    const QFileInfo info(path);
+    return info.isFile() && info.suffix().compare(QLatin1String("krf"), Qt::CaseInsensitive) == 0
+               ? path
+               : QString();
+}
+
+void mdiMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!DroppedGameFile(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+// The board below refuses what is not a counter; the window takes it back.
+void mdiMain::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (!DroppedGameFile(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void mdiMain::dropEvent(QDropEvent* event)
+{
+    const QString path = DroppedGameFile(*event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // Opened once the drop is over, so that the file manager is not held
+    // while the player answers a question about the current game.
+    QTimer::singleShot(0, this, [path] { CGameCommands::OpenFile(path); });
 }
 
 void mdiMain::saveGeometry()

@@ -13,6 +13,7 @@ class CHelpMenu;
 class CRecoveryMgr;
 class CToolsMenu;
 class CViewMenu;
+class QMimeData;
 class UMapTabs;
 class UTokenPalette;
 class frmMapText;
@@ -74,9 +75,17 @@ public:
     void NotifyOfUnitDelete(const QString&) override { UpdateTitle(); }
     void NotifyOfUnitEdit(const QString&) override { UpdateTitle(); }
 
+    // The game file a drop from a file manager carries: one local file
+    // named *.krf, else empty.
+    static QString DroppedGameFile(const QMimeData& data);
+
 protected:
     // Offers a modified game for saving; Cancel keeps the window open.
     void closeEvent(QCloseEvent* event) override;
+    // A game file dropped anywhere on the window opens as File > Open would.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void saveGeometry();

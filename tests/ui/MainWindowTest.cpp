@@ -15,13 +15,18 @@
 #include "ui/UMapTabs.h"
 #include "ui/UTokenPalette.h"
 #include "ui/frmMapText.h"
+#include "ui/mdcBoard.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QToolBox>
+#include <QUrl>
 
 namespace {
 
@@ -201,9 +206,24 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_TRUE(window->close());
     EXPECT_EQ(Root().Game()->Dirty(), 0);
 
-    // The saved game opens again with both counters.
+    // The saved game opens again with both counters, dropped from a file
+    // manager onto the board; other files are not taken.
     window->show();
-    ASSERT_TRUE(CGameCommands::OpenFile(path));
+    QMimeData files;
+    QWidget* viewport = window->findChild<mdcBoard*>()->viewport();
+    const auto offer = [&](const QString& file) {
+        files.setUrls({QUrl::fromLocalFile(file)});
+        QDragEnterEvent enter(QPoint(40, 40), Qt::CopyAction, &files, Qt::LeftButton, {});
+        QDragMoveEvent move(QPoint(50, 50), Qt::CopyAction, &files, Qt::LeftButton, {});
+        return QApplication::sendEvent(viewport, &enter) && enter.isAccepted() &&
+               QApplication::sendEvent(viewport, &move) && move.isAccepted();
+    };
+    EXPECT_FALSE(offer(home.File(QStringLiteral("games/board.png"))));
+    ASSERT_TRUE(offer(path));
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(viewport, &drop);
+    EXPECT_EQ(Root().Game(), game) << "opened only once the drop is over";
+    QCoreApplication::processEvents();
     EXPECT_NE(Root().Game(), game);
     EXPECT_EQ(Root().Game()->ActiveMapGroup()->ActiveMap()->Units()->Count(),
               game->ActiveMapGroup()->ActiveMap()->Units()->Count());
