@@ -67,9 +67,14 @@ bool CArrowHandles::Parse(const QString& data, QString& arrowId, End& end)
     return true;
 }
 
+bool CArrowHandles::IsArrowToken(const IToken& token)
+{
+    return token.Class() == arrowTokenClass;
+}
+
 bool CArrowHandles::IsHandle(const CUnit& unit, const QString& arrowId)
 {
-    if (unit.Token()->Class() != arrowTokenClass)
+    if (!IsArrowToken(*unit.Token()))
         return false;
     QString named;
     End end;

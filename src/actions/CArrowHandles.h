@@ -12,6 +12,7 @@
 class CArrow;
 class CMap;
 class CUnit;
+class IToken;
 
 // An arrow on a map is drawn from a CArrow; the user grabs it by two handle
 // units of the arrow token, one at its head and one at its tail. A handle's
@@ -33,6 +34,8 @@ public:
     static bool Parse(const QString& data, QString& arrowId, End& end);
     // Whether unit is a handle of the arrow arrowId, or of any arrow when
     // arrowId is empty.
+    // Whether token is the arrow token, whose units are arrow handles.
+    static bool IsArrowToken(const IToken& token);
     static bool IsHandle(const CUnit& unit, const QString& arrowId = QString());
 
     // An HTML colour ("#RRGGBB", or a colour name) as a 24-bit value with

@@ -23,8 +23,6 @@ public:
     void Dropped();
     // The drag ended; when no target took it, the observer is told.
     void EndDrag();
-    // A unit torn off while its drag starts takes the pressed unit's place.
-    void SetDraggedId(const QString& draggedId) { m_draggedId = draggedId; }
 
     bool DragInProgress() const { return m_source != Source::None; }
     Source DragSource() const { return m_source; }

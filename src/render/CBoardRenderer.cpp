@@ -1,5 +1,6 @@
 #include "CBoardRenderer.h"
 
+#include "actions/CArrowHandles.h"
 #include "contexts/CImageList.h"
 #include "contexts/IGameContext.h"
 #include "core/CTraceScope.h"
@@ -53,7 +54,7 @@ CBoardRenderer::CBoardRenderer(std::shared_ptr<IGameContext> context)
     m_movedColor = ToColor(m_context->LabelMovedColor());
     m_transparentLabels = m_context->HasTransparentLabel();
     for (const auto& token : m_context->Tokens()) {
-        if (token->Class() == QLatin1String("CArrowToken")) {
+        if (CArrowHandles::IsArrowToken(*token)) {
             m_arrowOrigin = QPoint(token->RegionLeft() + token->RegionWidth() / 2,
                                    token->RegionTop() + token->RegionHeight() / 2);
             break;

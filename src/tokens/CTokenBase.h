@@ -55,6 +55,8 @@ public:
     // The decimal value of a count or value held in a unit's Data; text that
     // is not a whole decimal number in the 32-bit range counts as 0.
     static std::int32_t CountOf(const QString& data);
+    // An edit that gives a counted unit a new count and the matching caption.
+    static std::shared_ptr<CActionEditUnit> CountEditOf(const CUnit& unit, std::int64_t count);
 
 protected:
     struct MenuEntry
@@ -75,8 +77,6 @@ protected:
     // An edit of a unit on the current map to the given values.
     static std::shared_ptr<CActionEditUnit> EditOf(const CUnit& unit, const QString& data,
                                                    const QString& caption, bool moved);
-    // An edit that gives a counted unit a new count and the matching caption.
-    static std::shared_ptr<CActionEditUnit> CountEditOf(const CUnit& unit, std::int64_t count);
     static void DeleteUnit(const std::shared_ptr<CUnit>& unit);
 
 private:

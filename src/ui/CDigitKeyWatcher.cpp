@@ -15,19 +15,19 @@ CDigitKeyWatcher::CDigitKeyWatcher(QObject* parent) : QObject(parent)
 
 bool CDigitKeyWatcher::eventFilter(QObject* watched, QEvent* event)
 {
-    CKorvane* root = RootOrNull();
+    // Every event of the application passes here: the cheap test comes first.
     const QEvent::Type type = event->type();
-    if (root && (type == QEvent::KeyPress || type == QEvent::KeyRelease)) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (!key->isAutoRepeat()) {
-            const bool keypad = key->modifiers().testFlag(Qt::KeypadModifier);
-            if (type == QEvent::KeyPress)
-                root->WinApi().KeyDown(key->key(), keypad);
-            else
-                root->WinApi().KeyUp(key->key(), keypad);
-        }
-    } else if (root && type == QEvent::ApplicationDeactivate) {
+    const bool key = type == QEvent::KeyPress || type == QEvent::KeyRelease;
+    CKorvane* root = key || type == QEvent::ApplicationDeactivate ? RootOrNull() : nullptr;
+    const auto* press = key ? static_cast<QKeyEvent*>(event) : nullptr;
+    if (root && !press) {
         root->WinApi().ReleaseAllKeys();
+    } else if (root && !press->isAutoRepeat()) {
+        const bool keypad = press->modifiers().testFlag(Qt::KeypadModifier);
+        if (type == QEvent::KeyPress)
+            root->WinApi().KeyDown(press->key(), keypad);
+        else
+            root->WinApi().KeyUp(press->key(), keypad);
     }
     return QObject::eventFilter(watched, event);
 }

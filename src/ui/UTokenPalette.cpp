@@ -4,6 +4,7 @@
 #include "contexts/IGameContext.h"
 #include "core/CDragDropMgr.h"
 #include "core/CKorvane.h"
+#include "core/CUtility.h"
 #include "tokens/IToken.h"
 
 #include <QDrag>
@@ -85,8 +86,9 @@ void UTokenPalette::Rebuild()
         item->setText(token->Caption());
         item->setToolTip(token->Caption());
         item->setData(TokenIdRole, token->Id());
-        if (pictures && pictures->Exists(token->PalletImage()))
-            item->setIcon(QIcon(QPixmap::fromImage(pictures->Image(token->PalletImage()))));
+        const QImage picture = pictures ? pictures->Image(token->PalletImage()) : QImage();
+        if (!picture.isNull())
+            item->setIcon(QIcon(QPixmap::fromImage(picture)));
     }
 }
 
@@ -106,15 +108,14 @@ void UTokenPalette::DragToken(const QString& tokenId)
     auto* drag = new QDrag(this);
     drag->setMimeData(mime);
     const std::shared_ptr<CImageList> pictures = context->DragImgLst();
-    if (pictures) {
-        for (const auto& token : context->Tokens()) {
-            if (token->Id() == tokenId && pictures->Exists(token->DragImage())) {
-                const QPixmap pixmap = QPixmap::fromImage(pictures->Image(token->DragImage()));
-                drag->setPixmap(pixmap);
-                drag->setHotSpot(QPoint(pixmap.width() / 2, pixmap.height() / 2));
-                break;
-            }
-        }
+    const CVector<IToken>& tokens = context->Tokens();
+    const std::int32_t index = CUtility::SearchById(tokens, tokenId);
+    const QImage picture =
+        pictures && index != 0 ? pictures->Image(tokens.Item(index)->DragImage()) : QImage();
+    if (!picture.isNull()) {
+        const QPixmap pixmap = QPixmap::fromImage(picture);
+        drag->setPixmap(pixmap);
+        drag->setHotSpot(QPoint(pixmap.width() / 2, pixmap.height() / 2));
     }
     CDragDropMgr& manager = Root().DragDropMgr();
     manager.StartDrag(CDragDropMgr::Source::Palette, tokenId, nullptr);

@@ -31,8 +31,9 @@ void UUnitBadge::ShowUnit(const std::shared_ptr<CUnit>& unit)
     CKorvane* root = RootOrNull();
     const std::shared_ptr<IGameContext> context = root ? root->Context() : nullptr;
     const std::shared_ptr<CImageList> pictures = context ? context->UnitImgLst() : nullptr;
-    if (token && pictures && pictures->Exists(token->UnitImage())) {
-        m_imgUnit->setPixmap(QPixmap::fromImage(pictures->Image(token->UnitImage())));
+    const QImage picture = token && pictures ? pictures->Image(token->UnitImage()) : QImage();
+    if (!picture.isNull()) {
+        m_imgUnit->setPixmap(QPixmap::fromImage(picture));
         m_imgUnit->show();
     } else {
         m_imgUnit->clear();

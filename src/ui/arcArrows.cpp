@@ -10,16 +10,14 @@
 
 namespace {
 
-std::unique_ptr<CArrow> makeArrow(const QString& id, std::int32_t headX, std::int32_t headY,
-                                  std::int32_t tailX, std::int32_t tailY, std::int32_t color)
+void place(CArrow& arrow, std::int32_t headX, std::int32_t headY, std::int32_t tailX,
+           std::int32_t tailY, std::int32_t color)
 {
-    auto arrow = std::make_unique<CArrow>(id);
-    arrow->SetHeadX(headX);
-    arrow->SetHeadY(headY);
-    arrow->SetTailX(tailX);
-    arrow->SetTailY(tailY);
-    arrow->SetColor(color);
-    return arrow;
+    arrow.SetHeadX(headX);
+    arrow.SetHeadY(headY);
+    arrow.SetTailX(tailX);
+    arrow.SetTailY(tailY);
+    arrow.SetColor(color);
 }
 
 } // namespace
@@ -47,48 +45,50 @@ void arcArrows::Clear()
 void arcArrows::Add(const QString& id, std::int32_t headX, std::int32_t headY, std::int32_t tailX,
                     std::int32_t tailY, std::int32_t color)
 {
-    m_arrows.push_back(makeArrow(id, headX, headY, tailX, tailY, color));
-    update(boundsOf(*m_arrows.back()));
-    updateBounds();
+    m_arrows.push_back(std::make_unique<CArrow>(id));
+    place(*m_arrows.back(), headX, headY, tailX, tailY, color);
+    const QRectF bounds = boundsOf(*m_arrows.back());
+    update(bounds);
+    setBounds(m_bounds.united(bounds));
 }
 
 void arcArrows::Delete(const QString& id)
 {
-    const auto it = find(id);
-    if (it == m_arrows.end())
+    const std::size_t index = indexOf(id);
+    if (index == m_arrows.size())
         return;
-    update(boundsOf(**it));
-    m_arrows.erase(it);
+    update(boundsOf(*m_arrows[index]));
+    m_arrows.erase(m_arrows.begin() + static_cast<std::ptrdiff_t>(index));
     updateBounds();
 }
 
 void arcArrows::Replace(const QString& id, std::int32_t headX, std::int32_t headY,
                         std::int32_t tailX, std::int32_t tailY, std::int32_t color)
 {
-    const auto it = find(id);
-    if (it == m_arrows.end()) {
+    const std::size_t index = indexOf(id);
+    if (index == m_arrows.size()) {
         Add(id, headX, headY, tailX, tailY, color);
         return;
     }
-    update(boundsOf(**it));
-    *it = makeArrow(id, headX, headY, tailX, tailY, color);
-    update(boundsOf(**it));
+    CArrow& arrow = *m_arrows[index];
+    update(boundsOf(arrow));
+    place(arrow, headX, headY, tailX, tailY, color);
+    update(boundsOf(arrow));
     updateBounds();
 }
 
 const CArrow* arcArrows::Find(const QString& id) const
 {
-    for (const auto& arrow : m_arrows) {
-        if (arrow->Id() == id)
-            return arrow.get();
-    }
-    return nullptr;
+    const std::size_t index = indexOf(id);
+    return index == m_arrows.size() ? nullptr : m_arrows[index].get();
 }
 
-std::vector<std::unique_ptr<CArrow>>::iterator arcArrows::find(const QString& id)
+std::size_t arcArrows::indexOf(const QString& id) const
 {
-    return std::find_if(m_arrows.begin(), m_arrows.end(),
-                        [&id](const std::unique_ptr<CArrow>& arrow) { return arrow->Id() == id; });
+    const auto it =
+        std::find_if(m_arrows.begin(), m_arrows.end(),
+                     [&id](const std::unique_ptr<CArrow>& arrow) { return arrow->Id() == id; });
+    return static_cast<std::size_t>(it - m_arrows.begin());
 }
 
 QRectF arcArrows::boundsOf(const CArrow& arrow) const
@@ -101,6 +101,11 @@ void arcArrows::updateBounds()
     QRectF bounds;
     for (const auto& arrow : m_arrows)
         bounds = bounds.united(boundsOf(*arrow));
+    setBounds(bounds);
+}
+
+void arcArrows::setBounds(const QRectF& bounds)
+{
     if (bounds != m_bounds) {
         prepareGeometryChange();
         m_bounds = bounds;

@@ -3,6 +3,7 @@
 #include <QGraphicsItem>
 #include <QString>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -42,9 +43,12 @@ public:
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 private:
-    std::vector<std::unique_ptr<CArrow>>::iterator find(const QString& id);
+    // The position of the arrow with this id, or the count when there is none.
+    std::size_t indexOf(const QString& id) const;
     QRectF boundsOf(const CArrow& arrow) const;
+    // Joins the bounds of all arrows; setBounds takes a new bounding rectangle.
     void updateBounds();
+    void setBounds(const QRectF& bounds);
 
     std::shared_ptr<const CBoardRenderer> m_renderer;
     std::vector<std::unique_ptr<CArrow>> m_arrows;

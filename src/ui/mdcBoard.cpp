@@ -56,9 +56,10 @@ constexpr double scrollInterval = 0.02;
 // A dragging pointer this close to the view's edge scrolls the map.
 constexpr int edgeMargin = 24;
 
-bool isArrowHandle(const CUnit& unit)
+std::shared_ptr<CUnit> activeUnit(const QString& unitId)
 {
-    return unit.Token()->Class() == QLatin1String("CArrowToken");
+    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
+    return map && map->Units() ? map->UnitById(unitId) : nullptr;
 }
 
 int sign(int value)
@@ -202,11 +203,8 @@ void mdcBoard::rebuildUnits()
     if (!units || !m_renderer)
         return;
     m_items.reserve(units->Count());
-    for (const auto& unit : *units) {
-        auto* item = new CUnitItem(unit, m_renderer);
-        scene()->addItem(item);
-        m_items.insert(unit->Id(), item);
-    }
+    for (const auto& unit : *units)
+        addUnitItem(unit);
 }
 
 void mdcBoard::rebuildArrows()
@@ -223,30 +221,26 @@ void mdcBoard::rebuildArrows()
     }
 }
 
-void mdcBoard::syncUnit(const QString& unitId)
+void mdcBoard::addUnitItem(const std::shared_ptr<CUnit>& unit)
 {
-    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
-    const std::shared_ptr<CUnit> unit = map && map->Units() ? map->UnitById(unitId) : nullptr;
-    CUnitItem* item = m_items.value(unitId);
-    if (!unit || !m_renderer || (item && item->Unit() != unit)) {
-        removeUnitItem(unitId);
-        item = nullptr;
-    }
-    if (!unit || !m_renderer)
-        return;
-    if (!item) {
-        item = new CUnitItem(unit, m_renderer);
-        scene()->addItem(item);
-        m_items.insert(unitId, item);
-        return;
-    }
-    item->setZValue(0);
-    item->Sync();
+    auto* item = new CUnitItem(unit, m_renderer);
+    scene()->addItem(item);
+    m_items.insert(unit->Id(), item);
 }
 
-void mdcBoard::removeUnitItem(const QString& unitId)
+void mdcBoard::syncUnit(const QString& unitId)
 {
+    const std::shared_ptr<CUnit> unit = m_renderer ? activeUnit(unitId) : nullptr;
+    CUnitItem* item = m_items.value(unitId);
+    if (item && item->Unit() == unit) {
+        item->setZValue(0);
+        item->Sync();
+        return;
+    }
+    // A unit gone, or another unit under the same id, takes a new item.
     delete m_items.take(unitId);
+    if (unit)
+        addUnitItem(unit);
 }
 
 void mdcBoard::syncArrow(const QString& arrowId)
@@ -278,46 +272,11 @@ void mdcBoard::NotifyOfMapEdit(const QString&)
         redrawBackground();
 }
 
-void mdcBoard::NotifyOfUnitAdd(const QString& unitId)
+void mdcBoard::follow(const char* method, void (mdcBoard::*sync)(const QString&), const QString& id)
 {
-    const CTraceScope scope("NotifyOfUnitAdd", "mdcBoard");
+    const CTraceScope scope(method, "mdcBoard");
     if (!deferred())
-        syncUnit(unitId);
-}
-
-void mdcBoard::NotifyOfUnitEdit(const QString& unitId)
-{
-    const CTraceScope scope("NotifyOfUnitEdit", "mdcBoard");
-    if (!deferred())
-        syncUnit(unitId);
-}
-
-void mdcBoard::NotifyOfUnitDelete(const QString& unitId)
-{
-    const CTraceScope scope("NotifyOfUnitDelete", "mdcBoard");
-    if (!deferred())
-        removeUnitItem(unitId);
-}
-
-void mdcBoard::NotifyOfArrowAdd(const QString& arrowId)
-{
-    const CTraceScope scope("NotifyOfArrowAdd", "mdcBoard");
-    if (!deferred())
-        syncArrow(arrowId);
-}
-
-void mdcBoard::NotifyOfArrowEdit(const QString& arrowId)
-{
-    const CTraceScope scope("NotifyOfArrowEdit", "mdcBoard");
-    if (!deferred())
-        syncArrow(arrowId);
-}
-
-void mdcBoard::NotifyOfArrowDelete(const QString& arrowId)
-{
-    const CTraceScope scope("NotifyOfArrowDelete", "mdcBoard");
-    if (!deferred())
-        m_arrows->Delete(arrowId);
+        (this->*sync)(id);
 }
 
 void mdcBoard::NotifyNullDrop()
@@ -327,8 +286,7 @@ void mdcBoard::NotifyNullDrop()
     const QString unitId = m_dragUnitId;
     m_dragUnitId.clear();
     m_edgeTimer->stop();
-    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
-    const std::shared_ptr<CUnit> unit = map && map->Units() ? map->UnitById(unitId) : nullptr;
+    const std::shared_ptr<CUnit> unit = activeUnit(unitId);
     if (!unit)
         return;
     syncUnit(unitId);
@@ -375,9 +333,8 @@ bool mdcBoard::onBoard(QPoint p) const
     return m_renderer && QRect(QPoint(0, 0), m_renderer->BoardSize()).contains(p);
 }
 
-QPoint mdcBoard::centredOn(const std::shared_ptr<CUnit>& unit, QPoint p)
+QPoint mdcBoard::centredOn(const IToken& token, QPoint p)
 {
-    const IToken& token = *unit->Token();
     return QPoint(p.x() - token.RegionLeft() - token.RegionWidth() / 2,
                   p.y() - token.RegionTop() - token.RegionHeight() / 2);
 }
@@ -543,13 +500,13 @@ void mdcBoard::dragStep(QPoint p)
 {
     if (!Root().DragDropMgr().DragInProgress() || CMapState::ActiveFrozen())
         return;
-    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
-    const std::shared_ptr<CUnit> unit = map && map->Units() ? map->UnitById(m_dragUnitId) : nullptr;
+    // The board keeps an item for every unit of the shown map.
     CUnitItem* item = m_items.value(m_dragUnitId);
-    if (!unit || !item)
+    if (!item)
         return;
-    const QPoint corner = centredOn(unit, p);
-    if (!isArrowHandle(*unit)) {
+    const std::shared_ptr<CUnit> unit = item->Unit();
+    const QPoint corner = centredOn(*unit->Token(), p);
+    if (!CArrowHandles::IsArrowToken(*unit->Token())) {
         item->setZValue(draggedLayer);
         item->setPos(corner);
         return;
@@ -573,8 +530,7 @@ void mdcBoard::dragStep(QPoint p)
 void mdcBoard::dropUnit(const QString& unitId, QPoint p)
 {
     const CTraceScope scope("OLEDragDrop", "mdcBoard");
-    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
-    const std::shared_ptr<CUnit> unit = map && map->Units() ? map->UnitById(unitId) : nullptr;
+    const std::shared_ptr<CUnit> unit = activeUnit(unitId);
     if (!unit)
         return;
     const std::shared_ptr<IToken> token = unit->Token();
@@ -586,7 +542,7 @@ void mdcBoard::dropUnit(const QString& unitId, QPoint p)
             return;
         }
     }
-    const QPoint corner = centredOn(unit, p);
+    const QPoint corner = centredOn(*token, p);
     token->HandleMove(corner.x(), corner.y(), unit);
     // A move to where the unit stood changes nothing the board hears of.
     syncUnit(unitId);
@@ -602,17 +558,7 @@ QString mdcBoard::tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint
     const std::int32_t quantity = CTokenBase::CountOf(unit->Data());
     if (quantity <= amount)
         return QString();
-    const QString prefix = m_context ? m_context->MultiplierPrefix() : QStringLiteral("x");
-    const auto countEdit = [&](const QString& unitId, std::int32_t count) {
-        auto edit = std::make_shared<CActionEditUnit>();
-        edit->SetMapId(map->Id());
-        edit->SetUnitId(unitId);
-        edit->SetData(QString::number(count));
-        edit->SetUnitCaption(prefix + QString::number(count));
-        edit->SetHasMoved(unit->HasMoved());
-        return edit;
-    };
-    const QPoint corner = centredOn(unit, p);
+    const QPoint corner = centredOn(*token, p);
     auto added = std::make_shared<CActionAddUnit>();
     added->SetMapId(map->Id());
     added->SetUnitId(CUtility::GenerateId());
@@ -629,9 +575,11 @@ QString mdcBoard::tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint
     auto group = std::make_shared<CActionGroup>();
     group->SetCaption(QStringLiteral("Tear Off ") + QString::number(amount));
     group->SetAllowChain(true);
-    group->AddAction(countEdit(unit->Id(), quantity - amount));
+    auto newCount = CTokenBase::CountEditOf(*unit, amount);
+    newCount->SetUnitId(added->UnitId());
+    group->AddAction(CTokenBase::CountEditOf(*unit, quantity - amount));
     group->AddAction(added);
-    group->AddAction(countEdit(added->UnitId(), amount));
+    group->AddAction(newCount);
     group->AddAction(placed);
     Root().ActionMgr().Execute(group);
     return added->UnitId();
@@ -664,7 +612,8 @@ void mdcBoard::scrollStep()
 void mdcBoard::hover(QPoint p)
 {
     const std::shared_ptr<CUnit> unit = HitTest(p.x(), p.y());
-    const CUnitItem* item = unit && isArrowHandle(*unit) ? m_items.value(unit->Id()) : nullptr;
+    const CUnitItem* item =
+        unit && CArrowHandles::IsArrowToken(*unit->Token()) ? m_items.value(unit->Id()) : nullptr;
     m_grip->setVisible(item != nullptr);
     if (item) {
         const IToken& token = *unit->Token();
@@ -844,17 +793,13 @@ bool mdcBoard::DropToken(const QString& tokenId, QPoint board)
     if (!manager.DragInProgress() || manager.DragSource() != CDragDropMgr::Source::Palette ||
         !m_context || !onBoard(board) || CMapState::ActiveFrozen())
         return false;
-    std::shared_ptr<IToken> token;
-    for (const auto& candidate : m_context->Tokens()) {
-        if (candidate->Id() == tokenId) {
-            token = candidate;
-            break;
-        }
-    }
-    if (!token)
+    const CVector<IToken>& tokens = m_context->Tokens();
+    const std::int32_t index = CUtility::SearchById(tokens, tokenId);
+    if (index == 0)
         return false;
     manager.Dropped();
-    token->HandleDrop(board.x() - token->RegionLeft() - token->RegionWidth() / 2,
-                      board.y() - token->RegionTop() - token->RegionHeight() / 2);
+    const std::shared_ptr<IToken> token = tokens.Item(index);
+    const QPoint corner = centredOn(*token, board);
+    token->HandleDrop(corner.x(), corner.y());
     return true;
 }

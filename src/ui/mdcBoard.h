@@ -19,6 +19,7 @@ class CMapPictureItem;
 class CUnit;
 class CUnitItem;
 class IGameContext;
+class IToken;
 class QGraphicsRectItem;
 class QTimer;
 class arcArrows;
@@ -72,17 +73,35 @@ public:
     void ScrollLines(int dx, int dy) override;
     void ScrollPages(int dx, int dy) override;
 
-    void NotifyOfArrowAdd(const QString& arrowId) override;
-    void NotifyOfArrowDelete(const QString& arrowId) override;
-    void NotifyOfArrowEdit(const QString& arrowId) override;
+    void NotifyOfArrowAdd(const QString& id) override
+    {
+        follow("NotifyOfArrowAdd", &mdcBoard::syncArrow, id);
+    }
+    void NotifyOfArrowDelete(const QString& id) override
+    {
+        follow("NotifyOfArrowDelete", &mdcBoard::syncArrow, id);
+    }
+    void NotifyOfArrowEdit(const QString& id) override
+    {
+        follow("NotifyOfArrowEdit", &mdcBoard::syncArrow, id);
+    }
     void NotifyOfGroupSwitch(const QString&, const QString&) override { rebuild(); }
     void NotifyOfMapEdit(const QString& mapId) override;
     void NotifyOfMapSwitch(const QString&, const QString&) override { rebuild(); }
     void NotifyOfNewContext() override { rebuild(); }
     void NotifyOfNewGame() override;
-    void NotifyOfUnitAdd(const QString& unitId) override;
-    void NotifyOfUnitDelete(const QString& unitId) override;
-    void NotifyOfUnitEdit(const QString& unitId) override;
+    void NotifyOfUnitAdd(const QString& id) override
+    {
+        follow("NotifyOfUnitAdd", &mdcBoard::syncUnit, id);
+    }
+    void NotifyOfUnitDelete(const QString& id) override
+    {
+        follow("NotifyOfUnitDelete", &mdcBoard::syncUnit, id);
+    }
+    void NotifyOfUnitEdit(const QString& id) override
+    {
+        follow("NotifyOfUnitEdit", &mdcBoard::syncUnit, id);
+    }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -107,16 +126,19 @@ private:
     static QString emptyHint();
     void rebuildUnits();
     void rebuildArrows();
+    void addUnitItem(const std::shared_ptr<CUnit>& unit);
     void syncUnit(const QString& unitId);
     void syncArrow(const QString& arrowId);
-    void removeUnitItem(const QString& unitId);
+    // Traces a model notification and, unless the update lock defers it,
+    // brings the board's item for id in step.
+    void follow(const char* method, void (mdcBoard::*sync)(const QString&), const QString& id);
 
     QPointF toBoard(const QPointF& viewPoint) const;
     static QPoint boardPixel(const QPointF& boardPoint);
     // Whether a board pixel lies on the map picture.
     bool onBoard(QPoint p) const;
     // Where a unit's picture goes so that its token region is centred on p.
-    static QPoint centredOn(const std::shared_ptr<CUnit>& unit, QPoint p);
+    static QPoint centredOn(const IToken& token, QPoint p);
 
     QString tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint p);
     void dragStep(QPoint p);
