@@ -3,6 +3,8 @@
 #include "core/CClock.h"
 #include "core/CKorvane.h"
 
+#include <QGuiApplication>
+
 void CDelayedMouseCapturer::Start(QWindow* window)
 {
     std::make_shared<CDelayedMouseCapturer>()->CaptureMouse(window);
@@ -16,6 +18,8 @@ void CDelayedMouseCapturer::CaptureMouse(QWindow* window)
 
 void CDelayedMouseCapturer::Invoke(std::int32_t, const QString&)
 {
-    if (m_window)
+    // A button released before the grab came would leave the mouse grabbed
+    // with no release left to end it.
+    if (m_window && QGuiApplication::mouseButtons() != Qt::NoButton)
         m_window->setMouseGrabEnabled(true);
 }

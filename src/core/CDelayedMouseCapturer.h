@@ -8,7 +8,8 @@
 #include <memory>
 
 // Grabs the mouse for a window once the current event has been processed
-// (1 ms later, from the clock). A window destroyed in the meantime is ignored.
+// (1 ms later, from the clock), if a mouse button is still down then. A
+// window destroyed in the meantime is ignored.
 class CDelayedMouseCapturer : public IAsyncEvent,
                               public std::enable_shared_from_this<CDelayedMouseCapturer>
 {
