@@ -87,12 +87,9 @@ bool SwitchContext(const std::shared_ptr<IGameContext>& context)
         context->Activate(window);
     } catch (const KorvaneError& failure) {
         root.SetContext(nullptr);
-        if (FMessageBox* messages = gui ? gui->Messages() : nullptr)
-            messages->Information(CKorvane::Name(),
-                                  QStringLiteral("The module '") + context->Caption() +
-                                      QStringLiteral("' cannot be loaded.\n\n") +
-                                      failure.Description(),
-                                  FMessageBox::Icon::Exclamation);
+        FMessageBox::Tell(QStringLiteral("The module '") + context->Caption() +
+                              QStringLiteral("' cannot be loaded.\n\n") + failure.Description(),
+                          FMessageBox::Icon::Exclamation);
         return false;
     }
     root.EventMgr().NotifyOfNewContext(nullptr);

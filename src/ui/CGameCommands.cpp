@@ -21,14 +21,6 @@
 
 namespace {
 
-void tell(const QString& text)
-{
-    if (CGui* gui = Root().Gui()) {
-        if (FMessageBox* messages = gui->Messages())
-            messages->Information(CKorvane::Name(), text, FMessageBox::Icon::Exclamation);
-    }
-}
-
 // The progress window and the busy pointer, for as long as this lives.
 class BusyScope
 {
@@ -65,8 +57,9 @@ bool CGameCommands::hasModules()
 {
     if (Root().ContextMgr().ContextCount() > 0)
         return true;
-    tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
-         QStringLiteral("your system!"));
+    FMessageBox::Tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
+                          QStringLiteral("your system!"),
+                      FMessageBox::Icon::Exclamation);
     return false;
 }
 
@@ -116,9 +109,10 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     const std::int32_t position =
         contextId.isEmpty() ? 0 : root.ContextMgr().PosOfContext(contextId);
     if (position == 0) {
-        tell(QStringLiteral("File '") + fileName +
-             QStringLiteral("' is either invalid or you do ") +
-             QStringLiteral("not have the corresponding Module installed."));
+        FMessageBox::Tell(QStringLiteral("File '") + fileName +
+                              QStringLiteral("' is either invalid or you do ") +
+                              QStringLiteral("not have the corresponding Module installed."),
+                          FMessageBox::Icon::Exclamation);
         return false;
     }
     if (offerToSave && !root.PersistMgr().AbandonCurrentGame())
@@ -164,15 +158,4 @@ void CGameCommands::ReplaceGame(std::shared_ptr<CGame> game)
     if (old)
         CGameTerminator::Start(std::move(old));
     root.EventMgr().NotifyOfNewGame(nullptr);
-}
-
-QString CGameCommands::CurrentFilePath()
-{
-    const std::shared_ptr<CGame>& game = Root().Game();
-    if (!game || game->File().isEmpty())
-        return QString();
-    QString path = game->Directory() + game->File();
-    if (!game->Extension().isEmpty())
-        path += QLatin1Char('.') + game->Extension();
-    return path;
 }
