@@ -3,6 +3,7 @@
 #include "actions/CActionMgr.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
+#include "core/CBusyScope.h"
 #include "core/CGameTerminator.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
@@ -15,43 +16,7 @@
 #include "persist/CPersistMgr.h"
 #include "ui/CRecentFiles.h"
 
-#include <QApplication>
-#include <QCursor>
 #include <QFileInfo>
-
-namespace {
-
-// The progress window and the busy pointer, for as long as this lives.
-class BusyScope
-{
-public:
-    BusyScope()
-    {
-        CGui* gui = Root().Gui();
-        m_window = gui ? gui->ProgressWin() : nullptr;
-        if (m_window) {
-            m_window->Load();
-            m_window->Show();
-        }
-        QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-    }
-    ~BusyScope()
-    {
-        QApplication::restoreOverrideCursor();
-        if (m_window) {
-            m_window->Hide();
-            m_window->Unload();
-        }
-    }
-    BusyScope(const BusyScope&) = delete;
-    BusyScope& operator=(const BusyScope&) = delete;
-    FProgressWin* Window() const { return m_window; }
-
-private:
-    FProgressWin* m_window = nullptr;
-};
-
-} // namespace
 
 bool CGameCommands::hasModules()
 {
@@ -79,7 +44,7 @@ bool CGameCommands::NewGame()
         return false;
     std::shared_ptr<CGame> game;
     {
-        const BusyScope busy;
+        const CBusyScope busy(true);
         if (busy.Window())
             busy.Window()->UpdateStatus(QStringLiteral("Creating a new game..."), 0);
         game = root.Context()->CreateDefaultGame();
@@ -124,7 +89,7 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     const std::shared_ptr<IGameContext> previousContext = root.Context();
     bool loaded = false;
     {
-        const BusyScope busy;
+        const CBusyScope busy(true);
         if (MMain::SwitchContext(root.ContextMgr().Context(position))) {
             if (busy.Window())
                 busy.Window()->UpdateStatus(
