@@ -84,6 +84,11 @@ QString CUtility::GetCurrentPath()
     return withSlash(QDir::currentPath());
 }
 
+QString CUtility::JoinPath(const QString& directory, const QString& name, const QString& extension)
+{
+    return extension.isEmpty() ? directory + name : directory + name + QLatin1Char('.') + extension;
+}
+
 QString CUtility::GetModuleDir()
 {
     if (IsPortable())

@@ -74,6 +74,9 @@ public:
     // The home: $KORVANE_HOME when set, else the executable's directory.
     static QString GetAppPath();
     static QString GetCurrentPath();
+    // directory + name, then "." + extension unless the extension is empty.
+    static QString JoinPath(const QString& directory, const QString& name,
+                            const QString& extension);
     // Where modules are installed to: the home's modules/, or the user's.
     static QString GetModuleDir();
     // Where modules are found, in discovery order: the user's folder first,

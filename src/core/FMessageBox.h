@@ -37,4 +37,9 @@ public:
                             Answer defaultButton) = 0;
     // Tells the user something; returns when the box is closed.
     virtual void Information(const QString& title, const QString& text, Icon icon) = 0;
+
+    // The installed root's message box; null without a root, GUI or box.
+    static FMessageBox* Current();
+    // Tells text in a box titled with the program's name; nothing without one.
+    static void Tell(const QString& text, Icon icon);
 };

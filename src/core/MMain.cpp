@@ -2,7 +2,7 @@
 
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
-#include "core/CGui.h"
+#include "core/CBusyScope.h"
 #include "core/CKorvane.h"
 #include "core/CTraceScope.h"
 #include "core/CUtility.h"
@@ -11,59 +11,6 @@
 #include "core/KorvaneError.h"
 #include "model/CGameEventMgr.h"
 #include "persist/CPersistMgr.h"
-
-#include <QCursor>
-#include <QGuiApplication>
-
-namespace {
-
-// The busy pointer while a file is opened; nothing without a GUI application.
-class WaitCursor
-{
-public:
-    WaitCursor() : m_shown(qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
-    {
-        if (m_shown)
-            QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-    }
-    ~WaitCursor()
-    {
-        if (m_shown)
-            QGuiApplication::restoreOverrideCursor();
-    }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-
-private:
-    bool m_shown;
-};
-
-// The progress window, shown for as long as this lives.
-class ProgressShown
-{
-public:
-    explicit ProgressShown(FProgressWin* window) : m_window(window)
-    {
-        if (m_window) {
-            m_window->Load();
-            m_window->Show();
-        }
-    }
-    ~ProgressShown()
-    {
-        if (m_window) {
-            m_window->Hide();
-            m_window->Unload();
-        }
-    }
-    ProgressShown(const ProgressShown&) = delete;
-    ProgressShown& operator=(const ProgressShown&) = delete;
-
-private:
-    FProgressWin* m_window;
-};
-
-} // namespace
 
 namespace MMain {
 
@@ -79,20 +26,15 @@ bool SwitchContext(const std::shared_ptr<IGameContext>& context)
     if (root.Context())
         return true;
 
-    CGui* gui = root.Gui();
-    FProgressWin* window = gui ? gui->ProgressWin() : nullptr;
-    const ProgressShown shown(window);
+    const CBusyScope busy(true);
     root.SetContext(context);
     try {
-        context->Activate(window);
+        context->Activate(busy.Window());
     } catch (const KorvaneError& failure) {
         root.SetContext(nullptr);
-        if (FMessageBox* messages = gui ? gui->Messages() : nullptr)
-            messages->Information(CKorvane::Name(),
-                                  QStringLiteral("The module '") + context->Caption() +
-                                      QStringLiteral("' cannot be loaded.\n\n") +
-                                      failure.Description(),
-                                  FMessageBox::Icon::Exclamation);
+        FMessageBox::Tell(QStringLiteral("The module '") + context->Caption() +
+                              QStringLiteral("' cannot be loaded.\n\n") + failure.Description(),
+                          FMessageBox::Icon::Exclamation);
         return false;
     }
     root.EventMgr().NotifyOfNewContext(nullptr);
@@ -146,7 +88,7 @@ void HandleCommandLine(const QString& commandLine)
     const QString contextId = root.PersistMgr().ContextIdFromFile(path);
     if (contextId.isEmpty())
         return;
-    const WaitCursor wait;
+    const CBusyScope busy(false);
     // A file of a module that is not installed is ignored.
     const std::int32_t position = root.ContextMgr().PosOfContext(contextId);
     if (position == 0)

@@ -171,3 +171,8 @@ void CGame::restoreVersion1(CRecordReader& in)
     }
     SwitchTo(group);
 }
+
+QString CGame::FilePath() const
+{
+    return m_file.isEmpty() ? QString() : CUtility::JoinPath(m_directory, m_file, m_extension);
+}

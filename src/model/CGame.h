@@ -40,6 +40,8 @@ public:
     void SetExtension(const QString& extension) { m_extension = extension; }
     const QString& Directory() const { return m_directory; }
     void SetDirectory(const QString& directory) { m_directory = directory; }
+    // Directory, file and extension joined; empty while the game has no file.
+    QString FilePath() const;
     // Changes not yet saved: +1 per executed action, -1 per reversed one.
     std::int16_t Dirty() const { return m_dirty; }
     void SetDirty(std::int16_t dirty) { m_dirty = dirty; }

@@ -35,18 +35,11 @@ const QString openDefaultPattern = QStringLiteral("*.krf;*.cmf");
 const qint64 maximumFileSize =
     4 + 1 + 255 + 4 + static_cast<qint64>(compressBound(CGameFile::MaximumBodyLength)) + 3;
 
-FMessageBox* messages()
-{
-    CGui* gui = Root().Gui();
-    return gui ? gui->Messages() : nullptr;
-}
-
 void tell(const QString& text, FMessageBox::Icon icon)
 {
     if (CDebug* trace = CTraceScope::ActiveTrace())
         trace->DenoteMethod(text);
-    if (FMessageBox* box = messages())
-        box->Information(CKorvane::Name(), text, icon);
+    FMessageBox::Tell(text, icon);
 }
 
 // A reason as a sentence of its own: capital first letter, closing full stop.
@@ -58,23 +51,6 @@ QString sentence(QString reason)
     if (!reason.endsWith(QLatin1Char('.')))
         reason += QLatin1Char('.');
     return reason;
-}
-
-QString lastDir()
-{
-    return Root().Config().GetValue(QLatin1String(CPersistMgr::SettingsSection),
-                                    QLatin1String(CPersistMgr::LastDirKey));
-}
-
-void setLastDir(const QString& directory)
-{
-    Root().Config().SetValue(QLatin1String(CPersistMgr::SettingsSection),
-                             QLatin1String(CPersistMgr::LastDirKey), directory);
-}
-
-QString joinPath(const QString& directory, const QString& name, const QString& extension)
-{
-    return extension.isEmpty() ? directory + name : directory + name + QLatin1Char('.') + extension;
 }
 
 // The installed context whose id matches without regard to case, or null.
@@ -149,7 +125,7 @@ QString CPersistMgr::LossyTextsSummary(const QStringList& texts, qsizetype shown
 
 bool CPersistMgr::MayChangeTexts(const QStringList& texts) const
 {
-    FMessageBox* box = messages();
+    FMessageBox* box = FMessageBox::Current();
     if (!box)
         return true;
     const QString question =
@@ -170,7 +146,7 @@ bool CPersistMgr::AbandonCurrentGame()
     if (!game || game->Dirty() == 0)
         return true;
     FMessageBox::Answer answer = FMessageBox::Answer::Yes;
-    if (FMessageBox* box = messages())
+    if (FMessageBox* box = FMessageBox::Current())
         answer = box->Question(CKorvane::Name(),
                                QStringLiteral("The current game has been modified.  Do you want "
                                               "to save the changes to this game?"),
@@ -197,11 +173,8 @@ bool CPersistMgr::SelectFileToSave()
         return false;
 
     QString directory = game.Directory();
-    if (!CUtility::DirExists(directory)) {
-        directory = lastDir();
-        if (!CUtility::DirExists(directory))
-            directory = CUtility::GetCurrentPath();
-    }
+    if (!CUtility::DirExists(directory))
+        directory = StartDirectory();
     const QString name = game.File().isEmpty() ? game.Name() : game.File();
     const QString extension = game.Extension().isEmpty() ? QStringLiteral("krf") : game.Extension();
     if (!dialog->Display(saveFilter, name, extension, directory))
@@ -210,7 +183,7 @@ bool CPersistMgr::SelectFileToSave()
     game.SetFile(dialog->SelFile());
     game.SetExtension(dialog->SelExt());
     game.SetDirectory(dialog->SelDir());
-    setLastDir(dialog->SelDir());
+    RememberDirectory(dialog->SelDir());
     return true;
 }
 
@@ -234,7 +207,7 @@ bool CPersistMgr::WriteGameFile(const QByteArray& image)
 {
     CTraceScope scope("WriteGameFile", "CPersistMgr");
     const CGame& game = *Root().Game();
-    const QString target = joinPath(game.Directory(), game.File(), game.Extension());
+    const QString target = game.FilePath();
     scope.Denote(QStringLiteral("Target = ") + target);
     // The new file replaces the old one in a single rename, so any failure
     // before that leaves the old file as it was. A read-only target must be
@@ -268,7 +241,7 @@ bool CPersistMgr::WriteGameFile(const QByteArray& image)
     if (!QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                            QFileDevice::ReadUser | QFileDevice::WriteUser))
         scope.Denote(QStringLiteral("Cannot set the permissions of the new file"));
-    setLastDir(game.Directory());
+    RememberDirectory(game.Directory());
     return true;
 }
 
@@ -356,6 +329,18 @@ bool CPersistMgr::LoadGameFromFile(const QString& fileName)
     return true;
 }
 
+QString CPersistMgr::StartDirectory()
+{
+    const QString directory =
+        Root().Config().GetValue(QLatin1String(SettingsSection), QLatin1String(LastDirKey));
+    return CUtility::DirExists(directory) ? directory : CUtility::GetCurrentPath();
+}
+
+void CPersistMgr::RememberDirectory(const QString& directory)
+{
+    Root().Config().SetValue(QLatin1String(SettingsSection), QLatin1String(LastDirKey), directory);
+}
+
 QString CPersistMgr::SelectFileToOpen()
 {
     CTraceScope scope("SelectFileToOpen", "CPersistMgr");
@@ -380,13 +365,10 @@ QString CPersistMgr::SelectFileToOpen()
     FOpenFileDlg* dialog = gui ? gui->OpenFileDlg() : nullptr;
     if (!dialog)
         return QString();
-    QString directory = lastDir();
-    if (!CUtility::DirExists(directory))
-        directory = CUtility::GetCurrentPath();
-    if (!dialog->Display(entries.join(QLatin1Char('|')), openDefaultPattern, directory))
+    if (!dialog->Display(entries.join(QLatin1Char('|')), openDefaultPattern, StartDirectory()))
         return QString();
-    setLastDir(dialog->SelDir());
-    const QString path = joinPath(dialog->SelDir(), dialog->SelFile(), dialog->SelExt());
+    RememberDirectory(dialog->SelDir());
+    const QString path = CUtility::JoinPath(dialog->SelDir(), dialog->SelFile(), dialog->SelExt());
     scope.Denote(path);
     return path;
 }

@@ -47,6 +47,12 @@ public:
     // Asks for a game file to open; the full path, or "" when cancelled.
     QString SelectFileToOpen();
 
+    // Where file dialogs start: the last directory used when it still
+    // exists, else the current directory.
+    static QString StartDirectory();
+    // Keeps directory as the last one used.
+    static void RememberDirectory(const QString& directory);
+
     // The first shown texts quoted, joined by separator, and "and N more".
     static QString LossyTextsSummary(const QStringList& texts, qsizetype shown,
                                      const QString& separator);

@@ -133,15 +133,9 @@ bool CRecoveryMgr::WriteCopy()
         scope.Denote(failure.Description());
         return false;
     }
-    QString original;
-    if (!game->File().isEmpty()) {
-        original = game->Directory() + game->File();
-        if (!game->Extension().isEmpty())
-            original += QLatin1Char('.') + game->Extension();
-    }
     const QJsonObject info{
         {QStringLiteral("game"), game->Name()},
-        {QStringLiteral("file"), original},
+        {QStringLiteral("file"), game->FilePath()},
         {QStringLiteral("saved"), QDateTime::currentDateTimeUtc().toString(Qt::ISODate)},
     };
     // The lock comes first, so no other Korvane ever sees a copy without it.

@@ -18,11 +18,7 @@ CActionMenu::CActionMenu(QMenu* menu)
     m_redo->setShortcuts(
         {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
     AddSeparator(QStringLiteral("mnuActionBar1"));
-    for (int i = 0; i < CustomCount; ++i) {
-        m_custom[i] = AddItem(QStringLiteral("mnuActionCustom%1").arg(i + 1), QString(),
-                              [this, i] { runCustom(i); });
-        m_custom[i]->setVisible(false);
-    }
+    AddModuleItems(m_custom, QStringLiteral("mnuActionCustom"), [](int i) { runCustom(i); });
     Refresh();
 }
 
@@ -36,20 +32,16 @@ void CActionMenu::Refresh()
     SetCaption(m_redo,
                redo ? QStringLiteral("&Redo ") + redo->Caption() : QStringLiteral("Can't Redo"));
     // Custom actions change the map, which a frozen group or map refuses.
-    for (QAction* item : m_custom)
-        item->setEnabled(ModuleCommandsUsable());
+    EnableModuleItems(m_custom);
 }
 
 void CActionMenu::rebuildCustom()
 {
-    const std::shared_ptr<IGameContext>& context = Root().Context();
-    ShowEntries(m_custom, context ? &context->CustomActions() : nullptr);
+    ShowEntries(m_custom, ModuleEntries<&IGameContext::CustomActions>());
 }
 
 void CActionMenu::runCustom(int index)
 {
-    const std::shared_ptr<IGameContext>& context = Root().Context();
-    if (!context || !ModuleCommandsUsable() || index >= context->CustomActions().Count())
-        return;
-    Root().ActionMgr().Execute(context->CustomActions().Item(index + 1));
+    if (auto action = ModuleEntry(ModuleEntries<&IGameContext::CustomActions>(), index))
+        Root().ActionMgr().Execute(std::move(action));
 }

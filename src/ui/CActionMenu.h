@@ -25,7 +25,7 @@ protected:
 
 private:
     void rebuildCustom();
-    void runCustom(int index);
+    static void runCustom(int index);
 
     QAction* m_undo;
     QAction* m_redo;

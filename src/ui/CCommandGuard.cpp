@@ -1,7 +1,6 @@
 #include "CCommandGuard.h"
 
 #include "core/CDebug.h"
-#include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/FMessageBox.h"
 #include "core/KorvaneError.h"
@@ -17,10 +16,7 @@ void report(const QString& text)
         return;
     if (CDebug* trace = root->TracePtr())
         trace->DenoteMethod(text);
-    if (CGui* gui = root->Gui()) {
-        if (FMessageBox* messages = gui->Messages())
-            messages->Information(CKorvane::Name(), text, FMessageBox::Icon::Critical);
-    }
+    FMessageBox::Tell(text, FMessageBox::Icon::Critical);
 }
 
 } // namespace

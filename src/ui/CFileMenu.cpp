@@ -1,10 +1,8 @@
 #include "CFileMenu.h"
 
-#include "core/CConfiguration.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
-#include "core/FBoardMdc.h"
 #include "core/FMessageBox.h"
 #include "core/FSaveFileDlg.h"
 #include "model/CGame.h"
@@ -96,12 +94,10 @@ void CFileMenu::openRecent(const QString& path)
     if (!QFileInfo::exists(path)) {
         CRecentFiles::Remove(path);
         fillRecent();
-        if (FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr)
-            messages->Information(CKorvane::Name(),
-                                  QStringLiteral("File '") + path +
-                                      QStringLiteral("' no longer exists. It has been removed "
-                                                     "from the list of recent games."),
-                                  FMessageBox::Icon::Exclamation);
+        FMessageBox::Tell(QStringLiteral("File '") + path +
+                              QStringLiteral("' no longer exists. It has been removed "
+                                             "from the list of recent games."),
+                          FMessageBox::Icon::Exclamation);
         return;
     }
     CGameCommands::OpenFile(path);
@@ -129,21 +125,11 @@ void CFileMenu::Print()
     painter.drawImage(0, 0, picture);
 }
 
-namespace {
-
-void tell(const QString& text, FMessageBox::Icon icon)
-{
-    if (FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr)
-        messages->Information(CKorvane::Name(), text, icon);
-}
-
-} // namespace
-
 void CFileMenu::ExportPicture()
 {
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
     FSaveFileDlg* dialog = Root().Gui() ? Root().Gui()->SaveFileDlg() : nullptr;
-    FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr;
+    FMessageBox* messages = FMessageBox::Current();
     if (!map || !dialog || !Root().Context())
         return;
     double scale = 1.0;
@@ -161,22 +147,17 @@ void CFileMenu::ExportPicture()
         if (answer == FMessageBox::Answer::Yes)
             scale = zoom;
     }
-    CConfiguration& config = Root().Config();
-    const QString section = QLatin1String(CPersistMgr::SettingsSection);
-    const QString key = QLatin1String(CPersistMgr::LastDirKey);
-    QString directory = config.GetValue(section, key);
-    if (!CUtility::DirExists(directory))
-        directory = CUtility::GetCurrentPath();
     if (!dialog->Display(QStringLiteral("PNG Pictures (*.png)|*.png"), map->Name(),
-                         QStringLiteral("png"), directory))
+                         QStringLiteral("png"), CPersistMgr::StartDirectory()))
         return;
-    config.SetValue(section, key, dialog->SelDir());
-    const QString path = dialog->SelDir() + dialog->SelFile() + QStringLiteral(".") +
-                         (dialog->SelExt().isEmpty() ? QStringLiteral("png") : dialog->SelExt());
+    CPersistMgr::RememberDirectory(dialog->SelDir());
+    const QString path =
+        CUtility::JoinPath(dialog->SelDir(), dialog->SelFile(),
+                           dialog->SelExt().isEmpty() ? QStringLiteral("png") : dialog->SelExt());
     QString error;
     if (!CMapExport::ToPng(map, Root().Context(), scale, path, error))
-        tell(QStringLiteral("The picture could not be saved.\n\n") + error,
-             FMessageBox::Icon::Exclamation);
+        FMessageBox::Tell(QStringLiteral("The picture could not be saved.\n\n") + error,
+                          FMessageBox::Icon::Exclamation);
 }
 
 void CFileMenu::SendToOpponent()
@@ -186,24 +167,25 @@ void CFileMenu::SendToOpponent()
         return;
     // The opponent gets what is on the board now: unsaved changes and a game
     // never saved are written first, and a cancelled save sends nothing.
-    if (game->Dirty() != 0 || CGameCommands::CurrentFilePath().isEmpty()) {
+    if (game->Dirty() != 0 || game->FilePath().isEmpty()) {
         if (!Root().PersistMgr().SaveCurrentGame())
             return;
         m_window->GameSaved();
     }
-    const QString path = CGameCommands::CurrentFilePath();
+    const QString path = game->FilePath();
     CMailSender sender;
     switch (sender.Send(path, CMailSender::Subject(*game))) {
     case CMailSender::Outcome::MailStarted:
         break;
     case CMailSender::Outcome::FolderShown:
-        tell(QStringLiteral("No mail program could be started. The folder that holds '") +
-                 QFileInfo(path).fileName() +
-                 QStringLiteral("' has been opened, so you can attach the game yourself."),
-             FMessageBox::Icon::Information);
+        FMessageBox::Tell(
+            QStringLiteral("No mail program could be started. The folder that holds '") +
+                QFileInfo(path).fileName() +
+                QStringLiteral("' has been opened, so you can attach the game yourself."),
+            FMessageBox::Icon::Information);
         break;
     case CMailSender::Outcome::Failed:
-        tell(
+        FMessageBox::Tell(
             QStringLiteral("No mail program could be started. Attach the game file yourself:\n\n") +
                 QDir::toNativeSeparators(path),
             FMessageBox::Icon::Exclamation);

@@ -3,6 +3,7 @@
 #include "actions/CActionMgr.h"
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
+#include "core/CBusyScope.h"
 #include "core/CGameTerminator.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
@@ -15,58 +16,15 @@
 #include "persist/CPersistMgr.h"
 #include "ui/CRecentFiles.h"
 
-#include <QApplication>
-#include <QCursor>
 #include <QFileInfo>
-
-namespace {
-
-void tell(const QString& text)
-{
-    if (CGui* gui = Root().Gui()) {
-        if (FMessageBox* messages = gui->Messages())
-            messages->Information(CKorvane::Name(), text, FMessageBox::Icon::Exclamation);
-    }
-}
-
-// The progress window and the busy pointer, for as long as this lives.
-class BusyScope
-{
-public:
-    BusyScope()
-    {
-        CGui* gui = Root().Gui();
-        m_window = gui ? gui->ProgressWin() : nullptr;
-        if (m_window) {
-            m_window->Load();
-            m_window->Show();
-        }
-        QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-    }
-    ~BusyScope()
-    {
-        QApplication::restoreOverrideCursor();
-        if (m_window) {
-            m_window->Hide();
-            m_window->Unload();
-        }
-    }
-    BusyScope(const BusyScope&) = delete;
-    BusyScope& operator=(const BusyScope&) = delete;
-    FProgressWin* Window() const { return m_window; }
-
-private:
-    FProgressWin* m_window = nullptr;
-};
-
-} // namespace
 
 bool CGameCommands::hasModules()
 {
     if (Root().ContextMgr().ContextCount() > 0)
         return true;
-    tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
-         QStringLiteral("your system!"));
+    FMessageBox::Tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
+                          QStringLiteral("your system!"),
+                      FMessageBox::Icon::Exclamation);
     return false;
 }
 
@@ -86,7 +44,7 @@ bool CGameCommands::NewGame()
         return false;
     std::shared_ptr<CGame> game;
     {
-        const BusyScope busy;
+        const CBusyScope busy(true);
         if (busy.Window())
             busy.Window()->UpdateStatus(QStringLiteral("Creating a new game..."), 0);
         game = root.Context()->CreateDefaultGame();
@@ -116,9 +74,10 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     const std::int32_t position =
         contextId.isEmpty() ? 0 : root.ContextMgr().PosOfContext(contextId);
     if (position == 0) {
-        tell(QStringLiteral("File '") + fileName +
-             QStringLiteral("' is either invalid or you do ") +
-             QStringLiteral("not have the corresponding Module installed."));
+        FMessageBox::Tell(QStringLiteral("File '") + fileName +
+                              QStringLiteral("' is either invalid or you do ") +
+                              QStringLiteral("not have the corresponding Module installed."),
+                          FMessageBox::Icon::Exclamation);
         return false;
     }
     if (offerToSave && !root.PersistMgr().AbandonCurrentGame())
@@ -130,7 +89,7 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     const std::shared_ptr<IGameContext> previousContext = root.Context();
     bool loaded = false;
     {
-        const BusyScope busy;
+        const CBusyScope busy(true);
         if (MMain::SwitchContext(root.ContextMgr().Context(position))) {
             if (busy.Window())
                 busy.Window()->UpdateStatus(
@@ -164,15 +123,4 @@ void CGameCommands::ReplaceGame(std::shared_ptr<CGame> game)
     if (old)
         CGameTerminator::Start(std::move(old));
     root.EventMgr().NotifyOfNewGame(nullptr);
-}
-
-QString CGameCommands::CurrentFilePath()
-{
-    const std::shared_ptr<CGame>& game = Root().Game();
-    if (!game || game->File().isEmpty())
-        return QString();
-    QString path = game->Directory() + game->File();
-    if (!game->Extension().isEmpty())
-        path += QLatin1Char('.') + game->Extension();
-    return path;
 }

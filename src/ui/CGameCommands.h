@@ -24,8 +24,6 @@ public:
     // Shows the replacement of the open game: the old one is torn down in
     // slices, the undo history cleared and every window told.
     static void ReplaceGame(std::shared_ptr<CGame> game);
-    // The full path of the open game's file, "" when it has none.
-    static QString CurrentFilePath();
 
 private:
     static bool hasModules();

@@ -2,6 +2,7 @@
 
 #include "actions/CActionEditGame.h"
 #include "actions/CActionEditMap.h"
+#include "actions/CActionHelper.h"
 #include "actions/CActionMgr.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
@@ -89,19 +90,17 @@ void CGameMenu::addMap()
         QStringLiteral("Turn ") + QString::number(Root().Game()->GetMapCount() + 1);
     if (!dialog || !dialog->Display(proposed))
         return;
-    // A full archive is closed and the map starts the next one; that cannot
-    // be undone, as closing an archive never can.
-    if (group->Maps().Count() >= MapsPerArchive) {
-        auto action = std::make_shared<CActionNewMapGroup>();
+    const auto execute = [dialog](auto action) {
         action->SetName(dialog->Name());
         action->SetRemarks(dialog->Remarks());
-        Root().ActionMgr().Execute(action);
-        return;
-    }
-    auto action = std::make_shared<CActionNewMap>();
-    action->SetName(dialog->Name());
-    action->SetRemarks(dialog->Remarks());
-    Root().ActionMgr().Execute(action);
+        Root().ActionMgr().Execute(std::move(action));
+    };
+    // A full archive is closed and the map starts the next one; that cannot
+    // be undone, as closing an archive never can.
+    if (group->Maps().Count() >= MapsPerArchive)
+        execute(std::make_shared<CActionNewMapGroup>());
+    else
+        execute(std::make_shared<CActionNewMap>());
 }
 
 void CGameMenu::removeMap()
@@ -124,8 +123,7 @@ void CGameMenu::removeMap()
     group->SwitchTo(next);
     group->Maps().RemoveItem(map);
     Root().ActionMgr().Clear();
-    CGame& game = *Root().Game();
-    game.SetDirty(static_cast<std::int16_t>(game.Dirty() + 1));
+    CActionHelper::AddDirty(1);
     CGameEventMgr& events = Root().EventMgr();
     events.NotifyOfMapDelete(map->Id(), nullptr);
     events.NotifyOfMapSwitch(map->Id(), next->Id(), nullptr);

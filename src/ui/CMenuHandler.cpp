@@ -33,6 +33,21 @@ QAction* CMenuHandler::AddSeparator(const QString& name)
     return bar;
 }
 
+void CMenuHandler::AddModuleItems(std::span<QAction*> items, const QString& prefix,
+                                  const std::function<void(int)>& run)
+{
+    for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+        items[i] = AddItem(prefix + QString::number(i + 1), QString(), [run, i] { run(i); });
+        items[i]->setVisible(false);
+    }
+}
+
+void CMenuHandler::EnableModuleItems(std::span<QAction* const> items)
+{
+    for (QAction* item : items)
+        item->setEnabled(ModuleCommandsUsable());
+}
+
 void CMenuHandler::SetCaption(QAction* item, const QString& caption)
 {
     item->setText(caption);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "contexts/IGameContext.h"
+#include "core/CKorvane.h"
 #include "model/IGameEventListener.h"
 
 #include <QAction>
@@ -32,6 +34,28 @@ protected:
     // the event loop.
     QAction* AddItem(const QString& name, const QString& caption, std::function<void()> onClick);
     QAction* AddSeparator(const QString& name);
+    // Appends the hidden items that show the module's own commands, named
+    // prefix1, prefix2, ...; clicking item i (from 0) runs run(i).
+    void AddModuleItems(std::span<QAction*> items, const QString& prefix,
+                        const std::function<void(int)>& run);
+    // Enables the module's items while its commands are usable.
+    static void EnableModuleItems(std::span<QAction* const> items);
+    // The active context's list of commands (List is CustomActions or
+    // CustomTools); null without a context.
+    template <auto List> static auto ModuleEntries()
+    {
+        const std::shared_ptr<IGameContext>& context = Root().Context();
+        return context ? &((*context).*List)() : nullptr;
+    }
+    // Entry index (from 0) of entries when a module command may run now and
+    // the entry exists; null otherwise.
+    template <typename Entries> static auto ModuleEntry(const Entries* entries, int index)
+    {
+        using Entry = std::decay_t<decltype(entries->Item(1))>;
+        if (!entries || !ModuleCommandsUsable() || index >= entries->Count())
+            return Entry();
+        return entries->Item(index + 1);
+    }
     // The module's own commands: item n shows entry n of entries (the
     // context's actions or tools, null when there is no context) and the
     // items past the last entry are hidden.

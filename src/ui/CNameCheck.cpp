@@ -1,7 +1,5 @@
 #include "CNameCheck.h"
 
-#include "core/CGui.h"
-#include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "core/FMessageBox.h"
 #include "model/CMap.h"
@@ -46,8 +44,5 @@ bool CNameCheck::Accept(QLineEdit* field, bool checkMaps, const std::shared_ptr<
 
 void CNameCheck::Tell(const QString& text)
 {
-    CKorvane* root = RootOrNull();
-    CGui* gui = root ? root->Gui() : nullptr;
-    if (FMessageBox* messages = gui ? gui->Messages() : nullptr)
-        messages->Information(CKorvane::Name(), text, FMessageBox::Icon::Exclamation);
+    FMessageBox::Tell(text, FMessageBox::Icon::Exclamation);
 }

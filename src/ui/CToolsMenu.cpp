@@ -19,31 +19,23 @@ CToolsMenu::CToolsMenu(QMenu* menu)
     AddItem(QStringLiteral("mnuToolsInstallModule"), QStringLiteral("&Install Module..."),
             [this] { installModule(); });
     AddSeparator(QStringLiteral("mnuToolsBar2"));
-    for (int i = 0; i < CustomCount; ++i) {
-        m_custom[i] = AddItem(QStringLiteral("mnuToolsCustom%1").arg(i + 1), QString(),
-                              [this, i] { runCustom(i); });
-        m_custom[i]->setVisible(false);
-    }
+    AddModuleItems(m_custom, QStringLiteral("mnuToolsCustom"), [](int i) { runCustom(i); });
 }
 
 void CToolsMenu::Refresh()
 {
-    for (QAction* item : m_custom)
-        item->setEnabled(ModuleCommandsUsable());
+    EnableModuleItems(m_custom);
 }
 
 void CToolsMenu::rebuildCustom()
 {
-    const std::shared_ptr<IGameContext>& context = Root().Context();
-    ShowEntries(m_custom, context ? &context->CustomTools() : nullptr);
+    ShowEntries(m_custom, ModuleEntries<&IGameContext::CustomTools>());
 }
 
 void CToolsMenu::runCustom(int index)
 {
-    const std::shared_ptr<IGameContext>& context = Root().Context();
-    if (!context || !ModuleCommandsUsable() || index >= context->CustomTools().Count())
-        return;
-    context->CustomTools().Item(index + 1)->Invoke();
+    if (const auto tool = ModuleEntry(ModuleEntries<&IGameContext::CustomTools>(), index))
+        tool->Invoke();
 }
 
 void CToolsMenu::installModule()
@@ -56,8 +48,6 @@ void CToolsMenu::installModule()
     if (!dialog->Display(CModuleInstaller::FileFilter(), CModuleInstaller::DefaultPattern(),
                          CUtility::GetCurrentPath()))
         return;
-    QString path = dialog->SelDir() + dialog->SelFile();
-    if (!dialog->SelExt().isEmpty())
-        path += QLatin1Char('.') + dialog->SelExt();
-    CModuleInstaller::Install(path, *messages);
+    CModuleInstaller::Install(
+        CUtility::JoinPath(dialog->SelDir(), dialog->SelFile(), dialog->SelExt()), *messages);
 }

@@ -25,7 +25,7 @@ protected:
 private:
     void installModule();
     void rebuildCustom();
-    void runCustom(int index);
+    static void runCustom(int index);
 
     std::array<QAction*, CustomCount> m_custom{};
 };

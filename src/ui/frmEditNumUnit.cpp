@@ -6,7 +6,6 @@
 
 #include <QComboBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 frmEditNumUnit::frmEditNumUnit(QWidget* parent)
@@ -18,10 +17,8 @@ frmEditNumUnit::frmEditNumUnit(QWidget* parent)
     // Long lists scroll instead of covering the screen.
     m_cboNewValue->setMaxVisibleItems(15);
     m_cboNewValue->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
-    auto* label = new QLabel(QStringLiteral("&New value:"), this);
-    label->setBuddy(m_cboNewValue);
     auto* form = new QFormLayout;
-    form->addRow(label, m_cboNewValue);
+    form->addRow(QStringLiteral("&New value:"), m_cboNewValue);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_badge);

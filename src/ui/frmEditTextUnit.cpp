@@ -5,7 +5,6 @@
 #include "ui/UDialogButtons.h"
 
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -22,13 +21,9 @@ frmEditTextUnit::frmEditTextUnit(QWidget* parent)
     m_txtExtended->setObjectName(QStringLiteral("txtExtended"));
     m_txtExtended->setTabChangesFocus(true);
     m_txtExtended->setMinimumHeight(fontMetrics().height() * 5);
-    auto* textLabel = new QLabel(QStringLiteral("&Text:"), this);
-    textLabel->setBuddy(m_txtText);
-    auto* extendedLabel = new QLabel(QStringLiteral("&Details:"), this);
-    extendedLabel->setBuddy(m_txtExtended);
     auto* form = new QFormLayout;
-    form->addRow(textLabel, m_txtText);
-    form->addRow(extendedLabel, m_txtExtended);
+    form->addRow(QStringLiteral("&Text:"), m_txtText);
+    form->addRow(QStringLiteral("&Details:"), m_txtExtended);
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form, 1);

@@ -19,13 +19,6 @@ namespace {
 
 const QString section = QLatin1String(frmMapText::SettingsSection);
 
-int setting(const QString& key)
-{
-    bool ok = false;
-    const int value = Root().Config().GetValue(section, key).toInt(&ok);
-    return ok ? value : -1;
-}
-
 } // namespace
 
 frmMapText::frmMapText(QWidget* parent)
@@ -174,17 +167,16 @@ void frmMapText::hideEvent(QHideEvent* event)
 void frmMapText::restoreGeometry(bool floating)
 {
     m_restored = true;
-    const int left = setting(QStringLiteral("Left"));
-    const int top = setting(QStringLiteral("Top"));
-    const int width = setting(QStringLiteral("Width"));
-    const int height = setting(QStringLiteral("Height"));
+    const CConfiguration& config = Root().Config();
+    QRect saved = config.GetRect(section);
+    const int width = saved.width();
+    const int height = saved.height();
     if (width < 80 || height < 60)
         return;
-    if (setting(QStringLiteral("Floating")) == 1) {
+    if (config.GetInt(section, QStringLiteral("Floating")) == 1) {
         if (!floating)
             return;
         setFloating(true);
-        QRect saved(left, top, width, height);
         // A window saved on a screen that is gone comes back onto this one.
         const QScreen* screen = QGuiApplication::screenAt(saved.center());
         if (!screen && QGuiApplication::primaryScreen())
@@ -207,12 +199,8 @@ void frmMapText::saveGeometry() const
     CKorvane* root = RootOrNull();
     if (!root)
         return;
-    const QRect frame = geometry();
     CConfiguration& config = root->Config();
-    config.SetValue(section, QStringLiteral("Left"), QString::number(frame.left()));
-    config.SetValue(section, QStringLiteral("Top"), QString::number(frame.top()));
-    config.SetValue(section, QStringLiteral("Width"), QString::number(frame.width()));
-    config.SetValue(section, QStringLiteral("Height"), QString::number(frame.height()));
+    config.SetRect(section, geometry());
     config.SetValue(section, QStringLiteral("Floating"),
                     isFloating() ? QStringLiteral("1") : QStringLiteral("0"));
 }

@@ -3,7 +3,6 @@
 #include "ui/UDialogButtons.h"
 
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -22,12 +21,8 @@ frmNameDialog::frmNameDialog(const QString& objectName, const QString& title, QW
     m_txtRemarks->setMinimumHeight(line * 4);
     m_txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 36);
 
-    auto* nameLabel = new QLabel(QStringLiteral("&Name:"), this);
-    nameLabel->setBuddy(m_txtName);
-    auto* remarksLabel = new QLabel(QStringLiteral("&Remarks:"), this);
-    remarksLabel->setBuddy(m_txtRemarks);
-    m_form->addRow(nameLabel, m_txtName);
-    m_form->addRow(remarksLabel, m_txtRemarks);
+    m_form->addRow(QStringLiteral("&Name:"), m_txtName);
+    m_form->addRow(QStringLiteral("&Remarks:"), m_txtRemarks);
 
     auto* buttons = new UDialogButtons(this);
     buttons->AcceptOnEnter(m_txtRemarks);

@@ -3,7 +3,6 @@
 #include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
-#include "ui/CNameCheck.h"
 #include "ui/UDialogButtons.h"
 
 #include <QLabel>
@@ -62,11 +61,6 @@ void frmNewGame::fill()
 
 bool frmNewGame::Display()
 {
-    if (Root().ContextMgr().ContextCount() == 0) {
-        CNameCheck::Tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
-                         QStringLiteral("your system!"));
-        return false;
-    }
     fill();
     m_lvwGameTypes->setCurrentRow(0);
     m_lvwGameTypes->setFocus(Qt::OtherFocusReason);

@@ -6,7 +6,6 @@
 
 #include <QComboBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -23,13 +22,9 @@ frmSplitUnit::frmSplitUnit(QWidget* parent)
     m_txtOldValue->setObjectName(QStringLiteral("txtOldValue"));
     m_txtOldValue->setReadOnly(true);
     m_txtOldValue->setFocusPolicy(Qt::NoFocus);
-    auto* oldLabel = new QLabel(QStringLiteral("Stack count:"), this);
-    oldLabel->setBuddy(m_txtOldValue);
-    auto* amountLabel = new QLabel(QStringLiteral("&Split off:"), this);
-    amountLabel->setBuddy(m_cboSplitAmt);
     auto* form = new QFormLayout;
-    form->addRow(oldLabel, m_txtOldValue);
-    form->addRow(amountLabel, m_cboSplitAmt);
+    form->addRow(QStringLiteral("Stack count:"), m_txtOldValue);
+    form->addRow(QStringLiteral("&Split off:"), m_cboSplitAmt);
 
     auto* buttons = new UDialogButtons(this);
     m_ok = buttons->Ok();

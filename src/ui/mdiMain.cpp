@@ -37,13 +37,6 @@ namespace {
 
 const QString section = QLatin1String(mdiMain::SettingsSection);
 
-int setting(const QString& key)
-{
-    bool ok = false;
-    const int value = Root().Config().GetValue(section, key).toInt(&ok);
-    return ok ? value : -1;
-}
-
 } // namespace
 
 mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
@@ -80,16 +73,13 @@ mdiMain::~mdiMain() = default;
 
 void mdiMain::Load()
 {
-    const int left = setting(QStringLiteral("Left"));
-    const int top = setting(QStringLiteral("Top"));
-    const int width = setting(QStringLiteral("Width"));
-    const int height = setting(QStringLiteral("Height"));
+    const QRect kept = Root().Config().GetRect(section);
     const QScreen* screen = QGuiApplication::primaryScreen();
     const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
-    if (width >= 200 && height >= 150) {
+    if (kept.width() >= 200 && kept.height() >= 150) {
         // A window saved on a larger screen (or at a smaller scale) is made
         // to fit; one saved on a screen that is gone comes back onto this one.
-        QRect saved(QPoint(left, top), QSize(width, height).boundedTo(available.size()));
+        QRect saved(kept.topLeft(), kept.size().boundedTo(available.size()));
         if (!available.contains(saved))
             saved.moveTopLeft(QPoint(
                 std::clamp(saved.left(), available.left(), available.right() - saved.width() + 1),
@@ -117,19 +107,21 @@ QString mdiMain::DroppedGameFile(const QMimeData& data)
 
 void mdiMain::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!DroppedGameFile(*event->mimeData()).isEmpty())
+    m_dragIsGame = !DroppedGameFile(*event->mimeData()).isEmpty();
+    if (m_dragIsGame)
         event->acceptProposedAction();
 }
 
 // The board below refuses what is not a counter; the window takes it back.
 void mdiMain::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (!DroppedGameFile(*event->mimeData()).isEmpty())
+    if (m_dragIsGame)
         event->acceptProposedAction();
 }
 
 void mdiMain::dropEvent(QDropEvent* event)
 {
+    m_dragIsGame = false;
     const QString path = DroppedGameFile(*event->mimeData());
     if (path.isEmpty())
         return;
@@ -141,17 +133,13 @@ void mdiMain::dropEvent(QDropEvent* event)
 
 void mdiMain::saveGeometry()
 {
-    const QRect frame = geometry();
-    CConfiguration& config = Root().Config();
-    config.SetValue(section, QStringLiteral("Left"), QString::number(frame.left()));
-    config.SetValue(section, QStringLiteral("Top"), QString::number(frame.top()));
-    config.SetValue(section, QStringLiteral("Width"), QString::number(frame.width()));
-    config.SetValue(section, QStringLiteral("Height"), QString::number(frame.height()));
+    Root().Config().SetRect(section, geometry());
 }
 
 void mdiMain::GameSaved()
 {
-    const QString path = CGameCommands::CurrentFilePath();
+    const std::shared_ptr<CGame> game = Root().Game();
+    const QString path = game ? game->FilePath() : QString();
     if (!path.isEmpty())
         CRecentFiles::Add(QFileInfo(path).absoluteFilePath());
     if (m_recovery)
@@ -168,7 +156,7 @@ void mdiMain::UpdateTitle()
         return;
     }
     QString title = game->Name().isEmpty() ? QStringLiteral("Untitled") : game->Name();
-    const QString path = CGameCommands::CurrentFilePath();
+    const QString path = game->FilePath();
     if (!path.isEmpty())
         title += QStringLiteral(" - ") + QFileInfo(path).fileName();
     if (game->Dirty() != 0)
@@ -216,25 +204,7 @@ IGameEventListener* mdiMain::HelpMenu()
     return m_helpMenu;
 }
 
-void mdiMain::NotifyOfGroupSwitch(const QString&, const QString&)
-{
-    m_tabs->Rebuild();
-    UpdateTitle();
-}
-
-void mdiMain::NotifyOfMapAdd(const QString&)
-{
-    m_tabs->Rebuild();
-    UpdateTitle();
-}
-
-void mdiMain::NotifyOfMapDelete(const QString&)
-{
-    m_tabs->Rebuild();
-    UpdateTitle();
-}
-
-void mdiMain::NotifyOfMapEdit(const QString&)
+void mdiMain::rebuildTabs()
 {
     m_tabs->Rebuild();
     UpdateTitle();
@@ -249,12 +219,6 @@ void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)
 void mdiMain::NotifyOfNewContext()
 {
     m_palette->Rebuild();
-}
-
-void mdiMain::NotifyOfNewGame()
-{
-    m_tabs->Rebuild();
-    UpdateTitle();
 }
 
 void mdiMain::closeEvent(QCloseEvent* event)

@@ -40,7 +40,6 @@ public:
     frmMapText* MapText() const { return m_mapText; }
     UMapTabs* MapTabs() const { return m_tabs; }
     UTokenPalette* Palette() const { return m_palette; }
-    CFileMenu* FileMenuHandler() const { return m_fileMenu; }
 
     // The autosave that GameSaved tells of a save; none by default.
     void SetRecovery(CRecoveryMgr* recovery) { m_recovery = recovery; }
@@ -64,13 +63,13 @@ public:
     void NotifyOfGameEdit() override { UpdateTitle(); }
     void NotifyOfGroupAdd(const QString&) override { UpdateTitle(); }
     void NotifyOfGroupDelete(const QString&) override { UpdateTitle(); }
-    void NotifyOfGroupSwitch(const QString&, const QString&) override;
-    void NotifyOfMapAdd(const QString&) override;
-    void NotifyOfMapDelete(const QString&) override;
-    void NotifyOfMapEdit(const QString&) override;
+    void NotifyOfGroupSwitch(const QString&, const QString&) override { rebuildTabs(); }
+    void NotifyOfMapAdd(const QString&) override { rebuildTabs(); }
+    void NotifyOfMapDelete(const QString&) override { rebuildTabs(); }
+    void NotifyOfMapEdit(const QString&) override { rebuildTabs(); }
     void NotifyOfMapSwitch(const QString&, const QString&) override;
     void NotifyOfNewContext() override;
-    void NotifyOfNewGame() override;
+    void NotifyOfNewGame() override { rebuildTabs(); }
     void NotifyOfUnitAdd(const QString&) override { UpdateTitle(); }
     void NotifyOfUnitDelete(const QString&) override { UpdateTitle(); }
     void NotifyOfUnitEdit(const QString&) override { UpdateTitle(); }
@@ -89,6 +88,8 @@ protected:
 
 private:
     void saveGeometry();
+    // The map tabs and the title, after maps or groups changed.
+    void rebuildTabs();
 
     mdcBoard* m_board;
     frmMapText* m_mapText;
@@ -101,4 +102,7 @@ private:
     CToolsMenu* m_toolsMenu;
     CHelpMenu* m_helpMenu;
     CRecoveryMgr* m_recovery = nullptr;
+    // Whether the drag over the window carries a game file; checked once on
+    // entering, not on every move.
+    bool m_dragIsGame = false;
 };
