@@ -12,8 +12,12 @@ CMenuHandler::CMenuHandler(QMenu* menu, const QString& name, const QString& capt
 {
     m_menu->setObjectName(name);
     m_menu->setTitle(caption);
-    connect(m_menu, &QMenu::aboutToShow, this,
-            [this] { CCommandGuard::Run([this] { Refresh(); }); });
+    connect(m_menu, &QMenu::aboutToShow, this, &CMenuHandler::RefreshNow);
+}
+
+void CMenuHandler::RefreshNow()
+{
+    CCommandGuard::Run([this] { Refresh(); });
 }
 
 QAction* CMenuHandler::AddItem(const QString& name, const QString& caption,

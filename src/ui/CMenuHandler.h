@@ -24,6 +24,8 @@ public:
     CMenuHandler(QMenu* menu, const QString& name, const QString& caption);
 
     QMenu* Menu() const { return m_menu; }
+    // Brings captions and enabled items up to date, as opening the menu does.
+    void RefreshNow();
 
 protected:
     // Called each time the menu is about to open.

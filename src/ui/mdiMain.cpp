@@ -11,6 +11,7 @@
 #include "ui/CGameCommands.h"
 #include "ui/CGameMenu.h"
 #include "ui/CHelpMenu.h"
+#include "ui/CMenuHandler.h"
 #include "ui/CRecentFiles.h"
 #include "ui/CToolsMenu.h"
 #include "ui/CViewMenu.h"
@@ -32,6 +33,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace {
 
@@ -207,18 +209,33 @@ IGameEventListener* mdiMain::HelpMenu()
 void mdiMain::rebuildTabs()
 {
     m_tabs->Rebuild();
+    followModel();
+}
+
+void mdiMain::followModel()
+{
     UpdateTitle();
+    if (m_menusDue)
+        return;
+    m_menusDue = true;
+    QTimer::singleShot(0, this, [this] {
+        m_menusDue = false;
+        for (CMenuHandler* menu : std::initializer_list<CMenuHandler*>{
+                 m_fileMenu, m_actionMenu, m_viewMenu, m_gameMenu, m_toolsMenu, m_helpMenu})
+            menu->RefreshNow();
+    });
 }
 
 void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)
 {
     m_tabs->SelectActive();
-    UpdateTitle();
+    followModel();
 }
 
 void mdiMain::NotifyOfNewContext()
 {
     m_palette->Rebuild();
+    followModel();
 }
 
 void mdiMain::closeEvent(QCloseEvent* event)

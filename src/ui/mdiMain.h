@@ -57,12 +57,12 @@ public:
     IGameEventListener* ToolsMenu() override;
     IGameEventListener* HelpMenu() override;
 
-    void NotifyOfArrowAdd(const QString&) override { UpdateTitle(); }
-    void NotifyOfArrowDelete(const QString&) override { UpdateTitle(); }
-    void NotifyOfArrowEdit(const QString&) override { UpdateTitle(); }
-    void NotifyOfGameEdit() override { UpdateTitle(); }
-    void NotifyOfGroupAdd(const QString&) override { UpdateTitle(); }
-    void NotifyOfGroupDelete(const QString&) override { UpdateTitle(); }
+    void NotifyOfArrowAdd(const QString&) override { followModel(); }
+    void NotifyOfArrowDelete(const QString&) override { followModel(); }
+    void NotifyOfArrowEdit(const QString&) override { followModel(); }
+    void NotifyOfGameEdit() override { followModel(); }
+    void NotifyOfGroupAdd(const QString&) override { followModel(); }
+    void NotifyOfGroupDelete(const QString&) override { followModel(); }
     void NotifyOfGroupSwitch(const QString&, const QString&) override { rebuildTabs(); }
     void NotifyOfMapAdd(const QString&) override { rebuildTabs(); }
     void NotifyOfMapDelete(const QString&) override { rebuildTabs(); }
@@ -70,9 +70,9 @@ public:
     void NotifyOfMapSwitch(const QString&, const QString&) override;
     void NotifyOfNewContext() override;
     void NotifyOfNewGame() override { rebuildTabs(); }
-    void NotifyOfUnitAdd(const QString&) override { UpdateTitle(); }
-    void NotifyOfUnitDelete(const QString&) override { UpdateTitle(); }
-    void NotifyOfUnitEdit(const QString&) override { UpdateTitle(); }
+    void NotifyOfUnitAdd(const QString&) override { followModel(); }
+    void NotifyOfUnitDelete(const QString&) override { followModel(); }
+    void NotifyOfUnitEdit(const QString&) override { followModel(); }
 
     // The game file a drop from a file manager carries: one local file
     // named *.krf, else empty.
@@ -88,8 +88,12 @@ protected:
 
 private:
     void saveGeometry();
-    // The map tabs and the title, after maps or groups changed.
+    // The map tabs and the rest of followModel, after maps or groups changed.
     void rebuildTabs();
+    // The title, and soon after the menus' captions and enabled items: the
+    // shortcuts act on those, so they must not wait until a menu is opened.
+    // A burst of notifications refreshes the menus once.
+    void followModel();
 
     mdcBoard* m_board;
     frmMapText* m_mapText;
@@ -105,4 +109,5 @@ private:
     // Whether the drag over the window carries a game file; checked once on
     // entering, not on every move.
     bool m_dragIsGame = false;
+    bool m_menusDue = false;
 };
