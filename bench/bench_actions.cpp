@@ -46,12 +46,7 @@ std::shared_ptr<TestContext> makeBenchContext()
 // A game of one group holding one active map with unitsOnMap units and 20 arrows.
 std::shared_ptr<CGame> filledGame()
 {
-    auto game = std::make_shared<CGame>(CUtility::GenerateId());
-    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
-    game->MapGroups().AddItem(group);
-    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
-    group->Maps().AddItem(map);
-    game->SwitchTo(group);
+    const auto [game, map] = OneMapGame();
     const CVector<IToken>& tokens = Root().Context()->Tokens();
     for (int i = 0; i < unitsOnMap; ++i) {
         auto unit = std::make_shared<CUnit>(CUtility::GenerateId(), tokens.Item(i % 40 + 1));

@@ -2,7 +2,7 @@
 // arrows) through the board renderer. The baseline, measured in the same run,
 // draws only the board and the 500 counter pictures with plain QPainter calls:
 // the least any drawing of that map must do.
-#include "BenchContext.h"
+#include "BenchSession.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
 #include "model/CMap.h"
@@ -23,19 +23,14 @@ namespace {
 
 constexpr int unitCount = 500;
 
-double seconds(std::chrono::steady_clock::duration d)
-{
-    return std::chrono::duration<double>(d).count();
-}
-
 void BM_RenderBusyMap(benchmark::State& state)
 {
-    const auto context = std::make_shared<BenchContext>(QSize(1600, 1200), false);
+    const auto context = MakeBoardContext(QSize(1600, 1200), false);
     CMap map(CUtility::GenerateId(), CUtility::GenerateId());
     map.AquireLock();
     for (int i = 0; i < unitCount; ++i) {
-        auto unit = std::make_shared<CUnit>(
-            CUtility::GenerateId(), context->Tokens().Item(i % BenchContext::TokenCount + 1));
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
+                                            context->Tokens().Item(i % BoardTokenCount + 1));
         unit->SetX(i * 37 % 1560);
         unit->SetY(i * 53 % 1140);
         unit->SetCaption(QStringLiteral("x%1").arg(i % 12 + 1));
@@ -79,9 +74,9 @@ void BM_RenderBusyMap(benchmark::State& state)
         plain += t2 - t1;
     }
     const double n = static_cast<double>(state.iterations());
-    state.counters["render_ms"] = seconds(rendering) / n * 1e3;
-    state.counters["plain_ms"] = seconds(plain) / n * 1e3;
-    state.counters["ratio"] = seconds(rendering) / seconds(plain);
+    state.counters["render_ms"] = Seconds(rendering) / n * 1e3;
+    state.counters["plain_ms"] = Seconds(plain) / n * 1e3;
+    state.counters["ratio"] = Seconds(rendering) / Seconds(plain);
 }
 BENCHMARK(BM_RenderBusyMap)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 

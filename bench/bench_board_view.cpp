@@ -5,7 +5,6 @@
 // painted), and the process's resident memory. The baseline, in the same
 // run, draws the same map with the board renderer into a picture of the
 // view's size: what showing the map costs without a scene.
-#include "BenchContext.h"
 #include "BenchSession.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
@@ -39,17 +38,12 @@ const QSize viewSize(1920, 1080);
 // the view's top-left part, where the drag takes it.
 std::shared_ptr<CMap> makeGame(const IGameContext& context)
 {
-    auto game = std::make_shared<CGame>(CUtility::GenerateId());
-    auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
-    game->MapGroups().AddItem(group);
-    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
-    group->Maps().AddItem(map);
-    game->SwitchTo(group);
+    const auto [game, map] = OneMapGame();
     for (int i = 0; i < unitCount; ++i) {
-        auto unit = std::make_shared<CUnit>(
-            CUtility::GenerateId(), context.Tokens().Item(i % BenchContext::TokenCount + 1));
-        unit->SetX(i == 0 ? 400 : i * 4937 % (boardSide - BenchContext::UnitSize));
-        unit->SetY(i == 0 ? 400 : i * 7919 % (boardSide - BenchContext::UnitSize));
+        auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
+                                            context.Tokens().Item(i % BoardTokenCount + 1));
+        unit->SetX(i == 0 ? 400 : i * 4937 % (boardSide - BoardUnitSize));
+        unit->SetY(i == 0 ? 400 : i * 7919 % (boardSide - BoardUnitSize));
         unit->SetCaption(QStringLiteral("x%1").arg(i % 12 + 1));
         unit->SetData(QString::number(i % 12 + 1));
         unit->SetHasMoved(i % 5 == 0);
@@ -79,11 +73,6 @@ double residentMegabytes()
             return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
     }
     return 0;
-}
-
-double seconds(std::chrono::steady_clock::duration d)
-{
-    return std::chrono::duration<double>(d).count();
 }
 
 struct Scene
@@ -128,9 +117,9 @@ void BM_ShowMap(benchmark::State& state)
         rebuilding += t1 - t0;
     }
     const double n = static_cast<double>(state.iterations());
-    state.counters["rebuild_ms"] = seconds(rebuilding) / n * 1e3;
-    state.counters["render_ms"] = seconds(rendering) / n * 1e3;
-    state.counters["ratio"] = seconds(rebuilding) / seconds(rendering);
+    state.counters["rebuild_ms"] = Seconds(rebuilding) / n * 1e3;
+    state.counters["render_ms"] = Seconds(rendering) / n * 1e3;
+    state.counters["ratio"] = Seconds(rebuilding) / Seconds(rendering);
     state.counters["rss_mb"] = residentMegabytes();
 }
 BENCHMARK(BM_ShowMap)->Unit(benchmark::kMillisecond)->MinTime(2.0);
@@ -172,7 +161,7 @@ int main(int argc, char** argv)
     return RunBenchmarksWithRoot<QApplication>(
         argc, argv,
         []() -> std::shared_ptr<IGameContext> {
-            return std::make_shared<BenchContext>(QSize(boardSide, boardSide), true);
+            return MakeBoardContext(QSize(boardSide, boardSide), true);
         },
         [] { scene().Board.reset(); });
 }

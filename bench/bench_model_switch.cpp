@@ -59,11 +59,6 @@ std::shared_ptr<CMap> filledMap(const CMapGroup& group)
     return map;
 }
 
-double seconds(std::chrono::steady_clock::duration d)
-{
-    return std::chrono::duration<double>(d).count();
-}
-
 // Writes and reads back one plain file. Cutting a file to nothing before
 // rewriting it makes ext4 flush it to disk on close; the swap files are
 // overwritten in place instead, so both ways are measured.
@@ -117,11 +112,11 @@ void BM_SwitchTwoMaps(benchmark::State& state)
     QFile::remove(plainFile);
     const double n = static_cast<double>(state.iterations());
     state.counters["bytes"] = static_cast<double>(bytesPerRound);
-    state.counters["switch_ms"] = seconds(switching) / n * 1e3;
-    state.counters["plain_ms"] = seconds(inPlace) / n * 1e3;
-    state.counters["plain_trunc_ms"] = seconds(truncated) / n * 1e3;
-    state.counters["ratio"] = seconds(switching) / seconds(inPlace);
-    state.counters["ratio_trunc"] = seconds(switching) / seconds(truncated);
+    state.counters["switch_ms"] = Seconds(switching) / n * 1e3;
+    state.counters["plain_ms"] = Seconds(inPlace) / n * 1e3;
+    state.counters["plain_trunc_ms"] = Seconds(truncated) / n * 1e3;
+    state.counters["ratio"] = Seconds(switching) / Seconds(inPlace);
+    state.counters["ratio_trunc"] = Seconds(switching) / Seconds(truncated);
 }
 BENCHMARK(BM_SwitchTwoMaps)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 

@@ -125,11 +125,6 @@ std::int64_t baselineRoundTrip()
     return check;
 }
 
-double seconds(Clock::duration d)
-{
-    return std::chrono::duration<double>(d).count();
-}
-
 void BM_StreamRoundTripVsBaseline(benchmark::State& state)
 {
     const std::int32_t bytes = encodedSize();
@@ -146,9 +141,9 @@ void BM_StreamRoundTripVsBaseline(benchmark::State& state)
     }
     const double n = static_cast<double>(state.iterations());
     state.counters["MiB"] = bytes / 1048576.0;
-    state.counters["stream_ms"] = seconds(streamTime) * 1000 / n;
-    state.counters["baseline_ms"] = seconds(baselineTime) * 1000 / n;
-    state.counters["ratio_to_baseline"] = seconds(streamTime) / seconds(baselineTime);
+    state.counters["stream_ms"] = Seconds(streamTime) * 1000 / n;
+    state.counters["baseline_ms"] = Seconds(baselineTime) * 1000 / n;
+    state.counters["ratio_to_baseline"] = Seconds(streamTime) / Seconds(baselineTime);
 }
 BENCHMARK(BM_StreamRoundTripVsBaseline)->Unit(benchmark::kMillisecond)->MinTime(3.0);
 
@@ -185,9 +180,9 @@ void BM_TraceGuardsOffVsNone(benchmark::State& state)
         plain += Clock::now() - start;
     }
     const double calls = static_cast<double>(state.iterations()) * loopLength;
-    state.counters["guarded_ns"] = seconds(guarded) * 1e9 / calls;
-    state.counters["plain_ns"] = seconds(plain) * 1e9 / calls;
-    state.counters["guard_cost_ns"] = seconds(guarded - plain) * 1e9 / calls;
+    state.counters["guarded_ns"] = Seconds(guarded) * 1e9 / calls;
+    state.counters["plain_ns"] = Seconds(plain) * 1e9 / calls;
+    state.counters["guard_cost_ns"] = Seconds(guarded - plain) * 1e9 / calls;
 }
 BENCHMARK(BM_TraceGuardsOffVsNone)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 
@@ -229,9 +224,9 @@ void BM_TracedLookupOffVsPlain(benchmark::State& state)
     }
     benchmark::DoNotOptimize(found);
     const double calls = static_cast<double>(state.iterations()) * (loopLength / 10);
-    state.counters["traced_ns"] = seconds(traced) * 1e9 / calls;
-    state.counters["plain_ns"] = seconds(plain) * 1e9 / calls;
-    state.counters["ratio_traced_to_plain"] = seconds(traced) / seconds(plain);
+    state.counters["traced_ns"] = Seconds(traced) * 1e9 / calls;
+    state.counters["plain_ns"] = Seconds(plain) * 1e9 / calls;
+    state.counters["ratio_traced_to_plain"] = Seconds(traced) / Seconds(plain);
 }
 BENCHMARK(BM_TracedLookupOffVsPlain)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 

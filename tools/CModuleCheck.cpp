@@ -79,9 +79,7 @@ bool CModuleCheck::checkDefinition()
     m_definition = std::make_shared<CModuleDefinition>();
     const auto origin =
         m_userModule ? CModuleDefinition::Origin::UserModule : CModuleDefinition::Origin::Module;
-    bool unpacked = false;
     const auto load = [&](const QString& path) {
-        unpacked = true;
         if (!m_definition->LoadHeader(path, origin))
             return false;
         m_id = m_definition->Id();
@@ -89,7 +87,9 @@ bool CModuleCheck::checkDefinition()
         return m_definition->LoadBody();
     };
     if (!m_pack->UnpackAndUse(definitionEntry, load)) {
-        problem(definitionEntry, unpacked ? m_definition->LastError() : m_pack->LastError());
+        // A definition that was never read has no error of its own.
+        problem(definitionEntry, m_definition->LastError().isEmpty() ? m_pack->LastError()
+                                                                     : m_definition->LastError());
         return false;
     }
     m_categoryCount = m_definition->CategoryCount();

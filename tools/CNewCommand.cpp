@@ -7,6 +7,7 @@
 #include "contexts/IGameContext.h"
 #include "core/KorvaneError.h"
 #include "model/CGame.h"
+#include "persist/CGameFile.h"
 
 #include <QTextStream>
 
@@ -40,6 +41,6 @@ void CNewCommand::Run(CToolSession& session, const QCommandLineParser& parser,
     } catch (const KorvaneError& error) {
         throw CToolFailure::Input(id, error.Description());
     }
-    CToolSession::WriteOutputFile(output, CToolSession::GameFileBytes(*game, *context));
+    CToolSession::WriteOutputFile(output, CGameFile::ToBytes(*game, *context));
     out << "Wrote " << output << ": a new game of " << context->Caption() << '\n';
 }

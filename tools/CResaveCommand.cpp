@@ -2,7 +2,6 @@
 
 #include "CTool.h"
 #include "CToolSession.h"
-#include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "persist/CGameFile.h"
 #include "persist/CPersistMgr.h"
@@ -34,8 +33,7 @@ void CResaveCommand::Run(CToolSession& session, const QCommandLineParser& parser
     const QString output = CTool::RequiredOption(parser, QStringLiteral("output"));
     const CToolSession::LoadedGame loaded = session.LoadGame(arguments.constFirst());
     QStringList lossyTexts;
-    const QByteArray bytes = CGameFile::ToBytes(
-        *loaded.Game, CContextMgr::TranslateInternalId(loaded.Context->Id()), &lossyTexts);
+    const QByteArray bytes = CGameFile::ToBytes(*loaded.Game, *loaded.Context, &lossyTexts);
     if (!lossyTexts.isEmpty()) {
         // The file is still written: a warning, not a failure.
         QTextStream err(stderr);

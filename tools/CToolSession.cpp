@@ -104,11 +104,6 @@ CToolSession::LoadedGame CToolSession::LoadGame(const QString& path)
     return loaded;
 }
 
-QByteArray CToolSession::GameFileBytes(CGame& game, const IGameContext& context)
-{
-    return CGameFile::ToBytes(game, CContextMgr::TranslateInternalId(context.Id()));
-}
-
 QByteArray CToolSession::ReadInputFile(const QString& path)
 {
     QFile file(path);

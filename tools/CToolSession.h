@@ -54,8 +54,6 @@ public:
     // Reads a game file, activating its context first. Raises CToolFailure
     // naming the file for anything that keeps the game from being read.
     LoadedGame LoadGame(const QString& path);
-    // The game file image of a game in context, with the id the file stores.
-    static QByteArray GameFileBytes(CGame& game, const IGameContext& context);
 
     // The whole content of a file; raises CToolFailure for a missing,
     // unreadable or oversized one.

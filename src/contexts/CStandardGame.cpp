@@ -141,15 +141,14 @@ bool CStandardGame::ensureDefinition(bool raiseOnFailure) const
     if (!m_definition && !m_definitionTried && m_resFile) {
         m_definitionTried = true;
         auto definition = std::make_shared<CModuleDefinition>();
-        bool unpacked = false;
-        const bool loaded = m_resFile->UnpackAndUse(definitionEntry, [&](const QString& path) {
-            unpacked = true;
-            return definition->LoadHeader(path);
-        });
+        const bool loaded = m_resFile->UnpackAndUse(
+            definitionEntry, [&](const QString& path) { return definition->LoadHeader(path); });
         if (loaded)
             m_definition = std::move(definition);
         else
-            m_definitionError = unpacked ? definition->LastError() : m_resFile->LastError();
+            // A definition that was never read has no error of its own.
+            m_definitionError = definition->LastError().isEmpty() ? m_resFile->LastError()
+                                                                  : definition->LastError();
     }
     if (!m_definition && raiseOnFailure) {
         const QString file = m_resFile ? m_resFile->FileName() : QStringLiteral("(none)");
@@ -180,15 +179,13 @@ void CStandardGame::Activate(IProgressMonitor* progress)
     ensureDefinition(true);
     // The body is read from the cache copy, which another process on this home
     // may have removed since discovery: unpack it again when it has gone.
-    bool unpacked = false;
     if (!m_definition->BodyLoaded() &&
-        !m_resFile->UnpackAndUse(definitionEntry, [&](const QString& path) {
-            unpacked = true;
-            return m_definition->LoadBody(path);
-        }))
+        !m_resFile->UnpackAndUse(definitionEntry,
+                                 [&](const QString& path) { return m_definition->LoadBody(path); }))
         fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
                              QStringLiteral(" cannot be loaded: ") +
-                             (unpacked ? m_definition->LastError() : m_resFile->LastError()));
+                             (m_definition->LastError().isEmpty() ? m_resFile->LastError()
+                                                                  : m_definition->LastError()));
     if (m_definition->TokenCount() > std::numeric_limits<std::int16_t>::max())
         fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
                              QStringLiteral(" has more tokens than a game can keep"));

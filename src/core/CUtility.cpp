@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryFile>
@@ -159,6 +160,13 @@ bool CUtility::ResDataToFile(const QString& resourcePath, const QString& fileNam
         return false;
     const QByteArray data = resource.readAll();
     return target.write(data) == data.size();
+}
+
+std::unique_ptr<QLockFile> CUtility::OwnerLock(const QString& base)
+{
+    auto lock = std::make_unique<QLockFile>(base + QStringLiteral(".lock"));
+    lock->setStaleLockTime(0);
+    return lock;
 }
 
 bool CUtility::FileExists(const QString& path) noexcept

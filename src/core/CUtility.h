@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <memory>
 
+class QLockFile;
+
 // Paths under the home directory, identifiers and list look-ups, names and
 // small conversions. Directory results always end in "/".
 class CUtility
@@ -95,6 +97,9 @@ public:
     static QString CreateTempFile();
     // Copies a program resource (a Qt resource path such as ":/korvane/x") to a file.
     static bool ResDataToFile(const QString& resourcePath, const QString& fileName);
+    // The lock file base + ".lock", which only a dead owner loses: never stale
+    // merely by its age.
+    static std::unique_ptr<QLockFile> OwnerLock(const QString& base);
 
     // Never fail: any problem reads as "absent".
     static bool FileExists(const QString& path) noexcept;

@@ -14,7 +14,6 @@
 namespace {
 
 const QString listSuffix = QStringLiteral(".list");
-const QString lockSuffix = QStringLiteral(".lock");
 // A list holds one short name per swap file; a larger one is not ours.
 constexpr qint64 maximumListSize = 64 * 1024 * 1024;
 
@@ -33,14 +32,6 @@ Registry& registry()
     return r;
 }
 
-// A lock that only a dead owner loses: never stale merely by its age.
-std::unique_ptr<QLockFile> lockFor(const QString& base)
-{
-    auto lock = std::make_unique<QLockFile>(base + lockSuffix);
-    lock->setStaleLockTime(0);
-    return lock;
-}
-
 // Only names a swap file can have are removed, whatever a list says.
 bool isSwapName(const QString& name)
 {
@@ -54,7 +45,7 @@ void removeLeftoversOfDeadProcesses(const QString& directory)
         QDir(directory).entryList(QStringList{QStringLiteral("swap-*") + listSuffix}, QDir::Files);
     for (const QString& list : lists) {
         const QString base = directory + list.chopped(listSuffix.size());
-        const auto lock = lockFor(base);
+        const auto lock = CUtility::OwnerLock(base);
         if (!lock->tryLock(0))
             continue; // its process still runs
         QFile file(base + listSuffix);
@@ -99,7 +90,7 @@ void CSwapFileRegistry::Register(const QString& path)
             CUtility::BuildDirectory(directory);
         removeLeftoversOfDeadProcesses(directory);
         r.Base = directory + QStringLiteral("swap-") + CUtility::GenerateId();
-        r.Lock = lockFor(r.Base);
+        r.Lock = CUtility::OwnerLock(r.Base);
         // Without a lock or a list the files are still removed at the end;
         // only a crash would leave them.
         if (r.Lock->tryLock(0))

@@ -1,5 +1,7 @@
 #include "CGameFile.h"
 
+#include "contexts/CContextMgr.h"
+#include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/CTraceScope.h"
 #include "core/CUtility.h"
@@ -25,6 +27,11 @@ void setError(QString* error, const QString& text)
 }
 
 } // namespace
+
+QByteArray CGameFile::ToBytes(CGame& game, const IGameContext& context, QStringList* lossyTexts)
+{
+    return ToBytes(game, CContextMgr::TranslateInternalId(context.Id()), lossyTexts);
+}
 
 QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId, QStringList* lossyTexts)
 {

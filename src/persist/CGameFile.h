@@ -8,6 +8,7 @@
 #include <memory>
 
 class CGame;
+class IGameContext;
 
 // The ".krf" game file image: "KR01", the stored context id (SmallString),
 // the body length (Long), the level-9 zlib body and zero padding to a
@@ -35,6 +36,9 @@ public:
     // are written with "?" for what it lacks; lossyTexts, when given,
     // receives each such text once.
     static QByteArray ToBytes(CGame& game, const QString& storedContextId,
+                              QStringList* lossyTexts = nullptr);
+    // The same, storing the short code or id that stands for context in files.
+    static QByteArray ToBytes(CGame& game, const IGameContext& context,
                               QStringList* lossyTexts = nullptr);
 
     // Reads the magic, the stored context id and the body length. False,

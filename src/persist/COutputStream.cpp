@@ -142,8 +142,6 @@ void COutputStream::WriteString(const QString& s)
 
 void COutputStream::WriteBigString(const QString& s)
 {
-    if (m_exactText)
-        return writeExactText(s);
     if (s.size() > INT32_MAX)
         throw KorvaneError(6, QStringLiteral("COutputStream.WriteBigString"),
                            QStringLiteral("Overflow"));

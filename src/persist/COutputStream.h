@@ -37,8 +37,8 @@ public:
     // Writes all Size bytes, whatever Offset is. False when the device refused them.
     bool DumpToFile(QIODevice& file) const;
 
-    // Exact text, for data this process alone reads back (swap files): every
-    // string is written uncut as its length in UTF-16 units (a Byte, or 255
+    // Exact text, for data this process alone reads back (swap files): small
+    // and plain strings are written uncut as its length in UTF-16 units (a Byte, or 255
     // followed by a Long) and those units. CRecordReader reads it back.
     void SetExactText(bool exact) { m_exactText = exact; }
     // While set, every text written that the code page cannot hold whole is

@@ -29,17 +29,8 @@ namespace {
 
 const QString copySuffix = QStringLiteral(".krf");
 const QString infoSuffix = QStringLiteral(".json");
-const QString lockSuffix = QStringLiteral(".lock");
 // An info file is a few lines; anything larger is not one of ours.
 constexpr qint64 maximumInfoSize = 64 * 1024;
-
-// A lock that only a dead owner loses: never stale merely by its age.
-std::unique_ptr<QLockFile> lockFor(const QString& base)
-{
-    auto lock = std::make_unique<QLockFile>(base + lockSuffix);
-    lock->setStaleLockTime(0);
-    return lock;
-}
 
 bool writeWhole(const QString& path, const QByteArray& bytes)
 {
@@ -81,12 +72,6 @@ void CRecoveryMgr::Start()
     scope.Denote(QStringLiteral("Every %1 s to ").arg(seconds) + CopyPath());
 }
 
-void CRecoveryMgr::Stop()
-{
-    m_timer.stop();
-    removeCopy();
-}
-
 void CRecoveryMgr::GameSaved()
 {
     removeCopy();
@@ -94,7 +79,8 @@ void CRecoveryMgr::GameSaved()
 
 void CRecoveryMgr::Exit()
 {
-    Stop();
+    m_timer.stop();
+    removeCopy();
 }
 
 bool CRecoveryMgr::lock()
@@ -103,7 +89,7 @@ bool CRecoveryMgr::lock()
         return true;
     if (!CUtility::BuildDirectory(CUtility::GetRecoveryDir()))
         return false;
-    auto candidate = lockFor(m_base);
+    auto candidate = CUtility::OwnerLock(m_base);
     if (!candidate->tryLock(0))
         return false;
     m_lock = std::move(candidate);
@@ -128,7 +114,7 @@ bool CRecoveryMgr::WriteCopy()
     }
     QByteArray bytes;
     try {
-        bytes = CGameFile::ToBytes(*game, CContextMgr::TranslateInternalId(context->Id()));
+        bytes = CGameFile::ToBytes(*game, *context);
     } catch (const KorvaneError& failure) {
         scope.Denote(failure.Description());
         return false;
@@ -172,7 +158,8 @@ bool CRecoveryMgr::OfferRecovery(FMessageBox& messages)
     // dead owner and letting it go removes the lock file.
     for (const QString& name : folder.entryList(QDir::Files)) {
         const QString base = folder.filePath(name.section(QLatin1Char('.'), 0, 0));
-        if (base == m_base || QFileInfo::exists(base + copySuffix) || !lockFor(base)->tryLock(0))
+        if (base == m_base || QFileInfo::exists(base + copySuffix) ||
+            !CUtility::OwnerLock(base)->tryLock(0))
             continue;
         scope.Denote(QStringLiteral("Left over: ") + name);
         QFile::remove(folder.filePath(name));
@@ -185,7 +172,7 @@ bool CRecoveryMgr::OfferRecovery(FMessageBox& messages)
         if (base == m_base)
             continue;
         // Held for the question's length, so no second Korvane offers it too.
-        const auto held = lockFor(base);
+        const auto held = CUtility::OwnerLock(base);
         if (!held->tryLock(0))
             continue;
         const Info info = readInfo(base);
@@ -241,8 +228,8 @@ bool CRecoveryMgr::restore(const QString& copy, const Info& info, FMessageBox& m
     game->SetExtension(extension);
     game->SetDirty(1);
     root.EventMgr().NotifyOfNewGame(nullptr);
-    // This process keeps the changes safe from now on.
-    Start();
+    // This process keeps the changes safe from now on; the program starts
+    // the timer once recovery has been offered.
     WriteCopy();
     return true;
 }

@@ -37,12 +37,11 @@ public:
     // Watches the root's current game from now on, whichever it is, with
     // the interval read from the settings.
     void Start();
-    // Stops watching and removes the copy.
-    void Stop();
     // The game's file holds every change, or the changes were discarded:
     // the copy goes.
     void GameSaved();
-    // The program ends normally: nothing of this process stays behind.
+    // The program ends normally: stops watching, and nothing of this
+    // process stays behind.
     void Exit();
 
     // Writes the copy now when the game has unsaved changes and removes it

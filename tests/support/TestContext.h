@@ -4,7 +4,10 @@
 #include "tokens/CTokenFactory.h"
 #include "tokens/IToken.h"
 
+#include <QImage>
 #include <QString>
+
+#include <memory>
 
 // A game context with nothing but a token list and a multiplier prefix, for
 // tests of the model and the tokens.
@@ -17,11 +20,12 @@ public:
     {}
 
     // Appends a token made by class name, its index being its position.
-    std::shared_ptr<IToken> AddToken(const QString& className, const QString& id)
+    std::shared_ptr<IToken> AddToken(const QString& className, const QString& id,
+                                     std::int32_t width = 40, std::int32_t height = 30)
     {
         const auto index = static_cast<std::int16_t>(m_tokens.Count() + 1);
-        m_tokens.AddItem(
-            CTokenFactory::Create(className, id, index, QStringLiteral("Units"), id, id, 40, 30));
+        m_tokens.AddItem(CTokenFactory::Create(className, id, index, QStringLiteral("Units"), id,
+                                               id, width, height));
         return m_tokens.Item(m_tokens.Count());
     }
     // The benchmarks' boards are larger than the default 800 x 600.
@@ -30,6 +34,13 @@ public:
         m_mapWidth = width;
         m_mapHeight = height;
     }
+    // A board picture; the board's size becomes the picture's.
+    void SetMapPicture(QImage picture)
+    {
+        m_mapPicture = std::move(picture);
+        SetBoardSize(m_mapPicture.width(), m_mapPicture.height());
+    }
+    void SetUnitImages(std::shared_ptr<CImageList> images) { m_unitImages = std::move(images); }
     CVector<IAction>& ActionList() { return m_actions; }
 
     QString Id() const override { return m_id; }
@@ -49,13 +60,13 @@ public:
     void Deactivate() override {}
     void Dispose() override {}
     std::shared_ptr<CGame> CreateDefaultGame() override { return nullptr; }
-    QImage MapPicture() const override { return QImage(); }
+    QImage MapPicture() const override { return m_mapPicture; }
     std::int32_t MapWidth() const override { return m_mapWidth; }
     std::int32_t MapHeight() const override { return m_mapHeight; }
     std::shared_ptr<CImageList> PalletImgLst() const override { return nullptr; }
     std::shared_ptr<CImageList> DragImgLst() const override { return nullptr; }
     bool IsUserDefined() const override { return false; }
-    std::shared_ptr<CImageList> UnitImgLst() const override { return nullptr; }
+    std::shared_ptr<CImageList> UnitImgLst() const override { return m_unitImages; }
     const CVector<IToken>& Tokens() const override { return m_tokens; }
     const CVector<IActionTool>& CustomTools() const override { return m_tools; }
     const CVector<IAction>& CustomActions() const override { return m_actions; }
@@ -64,6 +75,8 @@ public:
 private:
     std::int32_t m_mapWidth = 800;
     std::int32_t m_mapHeight = 600;
+    QImage m_mapPicture;
+    std::shared_ptr<CImageList> m_unitImages;
     QString m_prefix;
     QString m_id;
     CVector<IToken> m_tokens;
