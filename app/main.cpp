@@ -1,4 +1,4 @@
-#include "ui/CProgram.h"
+#include "ui/app/CProgram.h"
 
 #include <QApplication>
 

@@ -16,7 +16,7 @@
 #include "render/CBoardRenderer.h"
 #include "tokens/CTokenFactory.h"
 #include "tokens/IToken.h"
-#include "ui/mdcBoard.h"
+#include "ui/board/mdcBoard.h"
 
 #include <QApplication>
 #include <QFile>

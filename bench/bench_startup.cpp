@@ -8,8 +8,8 @@
 // half of what the program does before its window appears and which the
 // empty window never needs.
 
-#include "ui/CProgram.h"
-#include "ui/mdiMain.h"
+#include "ui/app/CProgram.h"
+#include "ui/app/mdiMain.h"
 
 #include <QApplication>
 #include <QDir>

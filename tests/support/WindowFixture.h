@@ -9,9 +9,9 @@
 #include "support/RootFixture.h"
 #include "support/ScriptedFileDlg.h"
 #include "support/ScriptedGui.h"
-#include "ui/CGameCommands.h"
-#include "ui/CWidgetGui.h"
-#include "ui/mdiMain.h"
+#include "ui/app/CGameCommands.h"
+#include "ui/app/CWidgetGui.h"
+#include "ui/app/mdiMain.h"
 
 #include <QDir>
 #include <QFile>

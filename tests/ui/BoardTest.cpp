@@ -8,12 +8,12 @@
 #include "render/CBoardRenderer.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
-#include "ui/CBoardZoom.h"
-#include "ui/CMapState.h"
-#include "ui/CUnitItem.h"
-#include "ui/UTokenPalette.h"
-#include "ui/arcArrows.h"
-#include "ui/mdcBoard.h"
+#include "ui/board/CBoardZoom.h"
+#include "ui/board/CMapState.h"
+#include "ui/board/CUnitItem.h"
+#include "ui/docks/UTokenPalette.h"
+#include "ui/board/arcArrows.h"
+#include "ui/board/mdcBoard.h"
 
 #include <QApplication>
 #include <QMimeData>

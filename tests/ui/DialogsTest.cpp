@@ -1,13 +1,13 @@
 #include "support/ContextTestSupport.h"
 #include "support/GameFixture.h"
-#include "ui/CNameCheck.h"
-#include "ui/frmEditNumUnit.h"
-#include "ui/frmEditTextUnit.h"
-#include "ui/frmGameProps.h"
-#include "ui/frmMapProps.h"
-#include "ui/frmNewMap.h"
-#include "ui/frmProgress.h"
-#include "ui/frmSplitUnit.h"
+#include "ui/dialogs/CNameCheck.h"
+#include "ui/dialogs/frmEditNumUnit.h"
+#include "ui/dialogs/frmEditTextUnit.h"
+#include "ui/dialogs/frmGameProps.h"
+#include "ui/dialogs/frmMapProps.h"
+#include "ui/dialogs/frmNewMap.h"
+#include "ui/dialogs/frmProgress.h"
+#include "ui/dialogs/frmSplitUnit.h"
 
 #include <QApplication>
 #include <QCheckBox>

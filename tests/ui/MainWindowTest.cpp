@@ -10,12 +10,12 @@
 #include "support/TestContext.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
-#include "ui/CGameCommands.h"
-#include "ui/CMapState.h"
-#include "ui/UMapTabs.h"
-#include "ui/UTokenPalette.h"
-#include "ui/frmMapText.h"
-#include "ui/mdcBoard.h"
+#include "ui/app/CGameCommands.h"
+#include "ui/board/CMapState.h"
+#include "ui/docks/UMapTabs.h"
+#include "ui/docks/UTokenPalette.h"
+#include "ui/docks/frmMapText.h"
+#include "ui/board/mdcBoard.h"
 
 #include <QAction>
 #include <QApplication>

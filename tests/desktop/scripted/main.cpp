@@ -3,7 +3,7 @@
 #include "core/CKorvane.h"
 #include "model/CGame.h"
 #include "persist/CPersistMgr.h"
-#include "ui/CProgram.h"
+#include "ui/app/CProgram.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "ui/menus/CMenuHandler.h"
+
+#include <array>
+
+class QAction;
+
+// "&Action": undo and redo with the names of the actions they would undo or
+// redo, and up to five commands of the game module.
+class CActionMenu : public CMenuHandler
+{
+    Q_OBJECT
+
+public:
+    static constexpr int CustomCount = 5;
+
+    explicit CActionMenu(QMenu* menu);
+
+    void NotifyOfNewContext() override { rebuildCustom(); }
+    void NotifyOfNewGame() override { rebuildCustom(); }
+
+protected:
+    void Refresh() override;
+
+private:
+    void rebuildCustom();
+    static void runCustom(int index);
+
+    QAction* m_undo;
+    QAction* m_redo;
+    std::array<QAction*, CustomCount> m_custom{};
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ui/menus/CMenuHandler.h"
+
+class QAction;
+class QMenu;
+class mdiMain;
+
+// "&File": new, open, save, save as, print, the recent games and exit.
+class CFileMenu : public CMenuHandler
+{
+    Q_OBJECT
+
+public:
+    CFileMenu(QMenu* menu, mdiMain* window);
+
+    void Print();
+    // The shown map as a PNG picture, at 100 % or at the board's zoom.
+    void ExportPicture();
+    // Saves what has changed, then hands the game file to the mail program.
+    void SendToOpponent();
+
+protected:
+    void Refresh() override;
+
+private:
+    void fillRecent();
+    void openRecent(const QString& path);
+
+    mdiMain* m_window;
+    QAction* m_save = nullptr;
+    QAction* m_saveAs = nullptr;
+    QAction* m_print = nullptr;
+    QAction* m_export = nullptr;
+    QAction* m_send = nullptr;
+    QMenu* m_recent = nullptr;
+};

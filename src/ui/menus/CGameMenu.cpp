@@ -1,0 +1,150 @@
+#include "CGameMenu.h"
+
+#include "actions/CActionEditGame.h"
+#include "actions/CActionEditMap.h"
+#include "actions/CActionHelper.h"
+#include "actions/CActionMgr.h"
+#include "actions/CActionNewMap.h"
+#include "actions/CActionNewMapGroup.h"
+#include "core/CGui.h"
+#include "core/CKorvane.h"
+#include "core/FGamePropsDlg.h"
+#include "core/FMapPropsDlg.h"
+#include "core/FMessageBox.h"
+#include "core/FNewMapDlg.h"
+#include "model/CGame.h"
+#include "model/CGameEventMgr.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "ui/board/CMapState.h"
+
+#include <QAction>
+#include <QMenu>
+
+CGameMenu::CGameMenu(QMenu* menu)
+    : CMenuHandler(menu, QStringLiteral("mnuGame"), QStringLiteral("&Game"))
+{
+    m_props = AddItem(QStringLiteral("mnuGameProps"), QStringLiteral("Game &Properties..."),
+                      [this] { gameProperties(); });
+    AddSeparator(QStringLiteral("mnuGameBar1"));
+    m_add = AddItem(QStringLiteral("mnuGameAddMap"), QStringLiteral("Can't Add Map"),
+                    [this] { addMap(); });
+    m_add->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    m_remove = AddItem(QStringLiteral("mnuGameRemoveMap"), QStringLiteral("Can't Remove Map"),
+                       [this] { removeMap(); });
+    AddSeparator(QStringLiteral("mnuGameBar2"));
+    m_mapProps = AddItem(QStringLiteral("mnuGameMapProps"), QStringLiteral("&Map Properties..."),
+                         [this] { mapProperties(); });
+    Refresh();
+}
+
+bool CGameMenu::CanAddMap()
+{
+    const auto group = CMapState::ActiveGroup();
+    return Root().Context() && group && !group->Frozen() && group->Maps().Count() > 0;
+}
+
+bool CGameMenu::CanRemoveMap()
+{
+    const auto group = CMapState::ActiveGroup();
+    return Root().Context() && group && !group->Frozen() && group->ActiveMap() &&
+           group->Maps().Count() > 1;
+}
+
+void CGameMenu::Refresh()
+{
+    const bool hasGame = Root().Game() != nullptr;
+    m_props->setEnabled(hasGame);
+    // A map of a closed archive keeps its properties; a protected map itself
+    // can still be opened again here.
+    const auto group = CMapState::ActiveGroup();
+    m_mapProps->setEnabled(group && !group->Frozen() && group->ActiveMap());
+    SetCaption(m_add,
+               CanAddMap() ? QStringLiteral("&Add Map...") : QStringLiteral("Can't Add Map"));
+    SetCaption(m_remove, CanRemoveMap() ? QStringLiteral("&Remove '") +
+                                              CMapState::ActiveMap()->Name() + QLatin1Char('\'')
+                                        : QStringLiteral("Can't Remove Map"));
+}
+
+void CGameMenu::gameProperties()
+{
+    const std::shared_ptr<CGame>& game = Root().Game();
+    FGamePropsDlg* dialog = Root().Gui() ? Root().Gui()->GamePropsDlg() : nullptr;
+    if (!game || !dialog || !dialog->Display(game->Name(), game->Remarks()))
+        return;
+    if (dialog->Name() == game->Name() && dialog->Remarks() == game->Remarks())
+        return;
+    auto action = std::make_shared<CActionEditGame>();
+    action->SetName(dialog->Name());
+    action->SetRemarks(dialog->Remarks());
+    Root().ActionMgr().Execute(action);
+}
+
+void CGameMenu::addMap()
+{
+    if (!CanAddMap())
+        return;
+    FNewMapDlg* dialog = Root().Gui() ? Root().Gui()->NewMapDlg() : nullptr;
+    const auto group = CMapState::ActiveGroup();
+    const QString proposed =
+        QStringLiteral("Turn ") + QString::number(Root().Game()->GetMapCount() + 1);
+    if (!dialog || !dialog->Display(proposed))
+        return;
+    const auto execute = [dialog](auto action) {
+        action->SetName(dialog->Name());
+        action->SetRemarks(dialog->Remarks());
+        Root().ActionMgr().Execute(std::move(action));
+    };
+    // A full archive is closed and the map starts the next one; that cannot
+    // be undone, as closing an archive never can.
+    if (group->Maps().Count() >= MapsPerArchive)
+        execute(std::make_shared<CActionNewMapGroup>());
+    else
+        execute(std::make_shared<CActionNewMap>());
+}
+
+void CGameMenu::removeMap()
+{
+    if (!CanRemoveMap())
+        return;
+    const auto group = CMapState::ActiveGroup();
+    const std::shared_ptr<CMap> map = group->ActiveMap();
+    FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr;
+    const QString question = QStringLiteral("Removal of '") + map->Name() +
+                             QStringLiteral("' cannot be undone.\n\nDo you want to continue ?");
+    if (!messages || messages->Question(CKorvane::Name(), question, FMessageBox::Buttons::YesNo,
+                                        FMessageBox::Icon::Question,
+                                        FMessageBox::Answer::No) != FMessageBox::Answer::Yes)
+        return;
+    // Another map is shown first, so the removed one gives up its lock.
+    const std::int32_t position = group->Maps().IndexOf(map);
+    const std::shared_ptr<CMap> next =
+        group->Maps().Item(position < group->Maps().Count() ? position + 1 : position - 1);
+    group->SwitchTo(next);
+    group->Maps().RemoveItem(map);
+    Root().ActionMgr().Clear();
+    CActionHelper::AddDirty(1);
+    CGameEventMgr& events = Root().EventMgr();
+    events.NotifyOfMapDelete(map->Id(), nullptr);
+    events.NotifyOfMapSwitch(map->Id(), next->Id(), nullptr);
+}
+
+void CGameMenu::mapProperties()
+{
+    const auto group = CMapState::ActiveGroup();
+    if (!group || group->Frozen())
+        return;
+    const std::shared_ptr<CMap> map = group->ActiveMap();
+    FMapPropsDlg* dialog = Root().Gui() ? Root().Gui()->MapPropsDlg() : nullptr;
+    if (!map || !dialog || !dialog->Display(map))
+        return;
+    if (dialog->Name() == map->Name() && dialog->Remarks() == map->Remarks() &&
+        dialog->Protected() == map->Frozen())
+        return;
+    auto action = std::make_shared<CActionEditMap>();
+    action->SetMapId(map->Id());
+    action->SetName(dialog->Name());
+    action->SetRemarks(dialog->Remarks());
+    action->SetFrozen(dialog->Protected());
+    Root().ActionMgr().Execute(action);
+}

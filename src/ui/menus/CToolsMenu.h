@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/menus/CMenuHandler.h"
+
+#include <array>
+
+class QAction;
+
+// "&Tools": installing a module and up to three tools of the game module.
+class CToolsMenu : public CMenuHandler
+{
+    Q_OBJECT
+
+public:
+    static constexpr int CustomCount = 3;
+
+    explicit CToolsMenu(QMenu* menu);
+
+    void NotifyOfNewContext() override { rebuildCustom(); }
+    void NotifyOfNewGame() override { rebuildCustom(); }
+
+protected:
+    void Refresh() override;
+
+private:
+    void installModule();
+    void rebuildCustom();
+    static void runCustom(int index);
+
+    std::array<QAction*, CustomCount> m_custom{};
+};

@@ -1,0 +1,131 @@
+#include "CViewMenu.h"
+
+#include "core/CGui.h"
+#include "core/CKorvane.h"
+#include "core/FFullScreenDlg.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "ui/board/CMapState.h"
+#include "ui/docks/frmMapText.h"
+#include "ui/board/mdcBoard.h"
+#include "ui/app/mdiMain.h"
+
+#include <QAction>
+#include <QMenu>
+
+CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
+    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_window(window)
+{
+    AddItem(QStringLiteral("mnuViewMapText"), QStringLiteral("&Map Text"),
+            [this] { m_window->MapText()->Show(); });
+    AddSeparator(QStringLiteral("mnuViewBar1"));
+    m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), QStringLiteral("&Full Screen..."),
+                           [this] { fullScreen(); });
+    m_fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
+    AddSeparator(QStringLiteral("mnuViewBar2"));
+
+    m_archives = menu->addMenu(QStringLiteral("Archi&ve"));
+    m_archives->setObjectName(QStringLiteral("mnuViewArchives"));
+    m_current = m_archives->addAction(QStringLiteral("&Current"));
+    m_current->setObjectName(QStringLiteral("mnuViewArchCurrent"));
+    connect(m_current, &QAction::triggered, this, [this] { switchToGroup(-1); });
+    m_archives->addSeparator()->setObjectName(QStringLiteral("mnuViewArchBar1"));
+    for (int i = 0; i < ArchiveCount; ++i) {
+        m_groups[i] = m_archives->addAction(QStringLiteral("&%1.").arg(i + 1));
+        m_groups[i]->setObjectName(QStringLiteral("mnuViewArch%1").arg(i + 1));
+        connect(m_groups[i], &QAction::triggered, this, [this, i] { switchToGroup(i + 1); });
+    }
+    // The archive list is filled when the submenu itself opens, too: it can
+    // be reached by keyboard without the View menu's own refresh.
+    connect(m_archives, &QMenu::aboutToShow, this, [this] { Refresh(); });
+
+    AddSeparator(QStringLiteral("mnuViewBar3"));
+    AddItem(QStringLiteral("mnuViewZoomIn"), QStringLiteral("Zoom &In"), [this] {
+        m_window->Board()->ZoomIn();
+    })->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    AddItem(QStringLiteral("mnuViewZoomOut"), QStringLiteral("Zoom &Out"), [this] {
+        m_window->Board()->ZoomOut();
+    })->setShortcut(QKeySequence::ZoomOut);
+    AddItem(QStringLiteral("mnuViewZoomReset"), QStringLiteral("&Actual Size"), [this] {
+        m_window->Board()->ZoomReset();
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    AddItem(QStringLiteral("mnuViewZoomFit"), QStringLiteral("Fit to &Window"),
+            [this] { m_window->Board()->ZoomFit(); });
+
+    AddSeparator(QStringLiteral("mnuViewBar4"));
+    AddItem(QStringLiteral("mnuViewPreviousMap"), QStringLiteral("&Previous Map"), [this] {
+        stepMap(-1);
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
+    AddItem(QStringLiteral("mnuViewNextMap"), QStringLiteral("&Next Map"), [this] {
+        stepMap(1);
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
+    AddItem(QStringLiteral("mnuViewFirstMap"), QStringLiteral("F&irst Map"), [] {
+        CMapState::SwitchToMapAt(1);
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home));
+    AddItem(QStringLiteral("mnuViewLastMap"), QStringLiteral("&Last Map"), [] {
+        if (const auto group = CMapState::ActiveGroup())
+            CMapState::SwitchToMapAt(group->Maps().Count());
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_End));
+    Refresh();
+}
+
+QString CViewMenu::ArchiveCaption(int number, const QString& firstMap, const QString& lastMap,
+                                  int mapCount)
+{
+    QString caption = QStringLiteral("&") + QString::number(number) + QStringLiteral(".  '") +
+                      firstMap + QStringLiteral("'");
+    if (mapCount > 1)
+        caption += QStringLiteral("  to  '") + lastMap + QStringLiteral("'");
+    return caption;
+}
+
+void CViewMenu::Refresh()
+{
+    const std::shared_ptr<CGame>& game = Root().Game();
+    const std::int32_t groups = game ? game->MapGroups().Count() : 0;
+    m_fullScreen->setEnabled(game != nullptr);
+    m_current->setEnabled(groups > 0);
+    for (int i = 0; i < ArchiveCount; ++i) {
+        QAction* item = m_groups[i];
+        item->setVisible(i < groups);
+        if (i >= groups)
+            continue;
+        const auto group = game->MapGroups().Item(i + 1);
+        const std::int32_t count = group->Maps().Count();
+        const QString first = count > 0 ? group->Maps().Item(1)->Name() : QString();
+        const QString last = count > 0 ? group->Maps().Item(count)->Name() : QString();
+        item->setText(ArchiveCaption(i + 1, first, last, count));
+        item->setCheckable(true);
+        item->setChecked(group == game->ActiveMapGroup());
+    }
+}
+
+void CViewMenu::fullScreen()
+{
+    CGui* gui = Root().Gui();
+    FFullScreenDlg* dialog = gui ? gui->FullScreenDlg() : nullptr;
+    if (dialog && Root().Game())
+        dialog->Display(m_window->Board()->PaintToPbox());
+}
+
+void CViewMenu::switchToGroup(int number)
+{
+    const std::shared_ptr<CGame>& game = Root().Game();
+    if (!game || game->MapGroups().Count() == 0)
+        return;
+    if (number < 0)
+        number = game->MapGroups().Count();
+    if (number > game->MapGroups().Count())
+        return;
+    CMapState::SwitchToGroup(game->MapGroups().Item(number));
+}
+
+void CViewMenu::stepMap(int step)
+{
+    const auto group = CMapState::ActiveGroup();
+    if (!group || !group->ActiveMap())
+        return;
+    const std::int32_t position = group->Maps().IndexOf(group->ActiveMap());
+    CMapState::SwitchToMapAt(position + step);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ui/menus/CMenuHandler.h"
+
+#include <array>
+
+class QAction;
+class mdiMain;
+
+// "&View": the map text window, the full-screen view, the archives of the
+// game, zoom and stepping through the maps of the shown archive.
+class CViewMenu : public CMenuHandler
+{
+    Q_OBJECT
+
+public:
+    static constexpr int ArchiveCount = 9;
+
+    CViewMenu(QMenu* menu, mdiMain* window);
+
+    // "&1.  'Turn 1'" or "&2.  'Turn 5'  to  'Turn 9'".
+    static QString ArchiveCaption(int number, const QString& firstMap, const QString& lastMap,
+                                  int mapCount);
+
+protected:
+    void Refresh() override;
+
+private:
+    void fullScreen();
+    void switchToGroup(int number);
+    void stepMap(int step);
+
+    mdiMain* m_window;
+    QMenu* m_archives;
+    QAction* m_current;
+    std::array<QAction*, ArchiveCount> m_groups{};
+    QAction* m_fullScreen;
+};
