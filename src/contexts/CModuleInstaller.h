@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class FMessageBox;
@@ -11,6 +12,8 @@ class FMessageBox;
 // same file name needs the user's consent.
 class CModuleInstaller
 {
+    Q_DECLARE_TR_FUNCTIONS(CModuleInstaller)
+
 public:
     enum class Result
     {

@@ -12,6 +12,8 @@
 #include "model/CGameEventMgr.h"
 #include "persist/CPersistMgr.h"
 
+#include <QCoreApplication>
+
 namespace MMain {
 
 bool SwitchContext(const std::shared_ptr<IGameContext>& context)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +17,8 @@ class IGameContext;
 // translate between short codes and context ids.
 class CGameFile
 {
+    Q_DECLARE_TR_FUNCTIONS(CGameFile)
+
 public:
     struct Header
     {

@@ -22,8 +22,7 @@ bool CGameCommands::hasModules()
 {
     if (Root().ContextMgr().ContextCount() > 0)
         return true;
-    FMessageBox::Tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
-                          QStringLiteral("your system!"),
+    FMessageBox::Tell(tr("You currently don't have any Korvane Modules loaded on your system!"),
                       FMessageBox::Icon::Exclamation);
     return false;
 }
@@ -46,7 +45,7 @@ bool CGameCommands::NewGame()
     {
         const CBusyScope busy(true);
         if (busy.Window())
-            busy.Window()->UpdateStatus(QStringLiteral("Creating a new game..."), 0);
+            busy.Window()->UpdateStatus(tr("Creating a new game..."), 0);
         game = root.Context()->CreateDefaultGame();
     }
     ReplaceGame(std::move(game));
@@ -74,9 +73,9 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     const std::int32_t position =
         contextId.isEmpty() ? 0 : root.ContextMgr().PosOfContext(contextId);
     if (position == 0) {
-        FMessageBox::Tell(QStringLiteral("File '") + fileName +
-                              QStringLiteral("' is either invalid or you do ") +
-                              QStringLiteral("not have the corresponding Module installed."),
+        FMessageBox::Tell(tr("File '%1' is either invalid or you do not have the corresponding "
+                             "Module installed.")
+                              .arg(fileName),
                           FMessageBox::Icon::Exclamation);
         return false;
     }
@@ -92,8 +91,8 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
         const CBusyScope busy(true);
         if (MMain::SwitchContext(root.ContextMgr().Context(position))) {
             if (busy.Window())
-                busy.Window()->UpdateStatus(
-                    QStringLiteral("Opening '") + fileName + QStringLiteral("'..."), 0);
+                busy.Window()->UpdateStatus(tr("Opening '%1'...").arg(fileName), 0);
+
             root.SetGame(nullptr);
             loaded = root.PersistMgr().LoadGameFromFile(path);
         }

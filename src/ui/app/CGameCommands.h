@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <memory>
@@ -12,6 +13,8 @@ class CGame;
 // history) whenever the new one cannot be had.
 class CGameCommands
 {
+    Q_DECLARE_TR_FUNCTIONS(CGameCommands)
+
 public:
     // "You currently don't have any Korvane Modules loaded on your system!"
     // when no module is installed; otherwise asks for the module.

@@ -5,12 +5,14 @@
 #include "core/FMessageBox.h"
 #include "core/MMain.h"
 #include "persist/CRecoveryMgr.h"
+#include "ui/app/CTranslators.h"
 #include "ui/app/CWidgetGui.h"
-#include "ui/dialogs/frmSplash.h"
 #include "ui/app/mdiMain.h"
+#include "ui/dialogs/frmSplash.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QLocale>
 
 CProgram::CProgram(QApplication& application) : m_application(application)
 {
@@ -21,6 +23,8 @@ CProgram::CProgram(QApplication& application) : m_application(application)
     QGuiApplication::setDesktopFileName(QStringLiteral("korvane"));
     // The main window's close ends the program; the shut-down follows.
     QApplication::setQuitOnLastWindowClosed(true);
+    // The player's language, before the first window is made.
+    m_translators = std::make_unique<CTranslators>(QLocale::system().uiLanguages());
 }
 
 CProgram::~CProgram()
@@ -31,6 +35,7 @@ CProgram::~CProgram()
         m_recovery->Exit();
     m_recovery.reset();
     MMain::ShutdownApplication();
+    m_translators.reset();
 }
 
 mdiMain* CProgram::Start()

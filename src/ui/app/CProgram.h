@@ -3,6 +3,7 @@
 #include <memory>
 
 class CRecoveryMgr;
+class CTranslators;
 class QApplication;
 class mdiMain;
 
@@ -28,6 +29,7 @@ public:
 
 private:
     QApplication& m_application;
+    std::unique_ptr<CTranslators> m_translators;
     std::unique_ptr<CRecoveryMgr> m_recovery;
     mdiMain* m_window = nullptr;
 };

@@ -5,20 +5,20 @@
 #include "model/CGame.h"
 #include "persist/CPersistMgr.h"
 #include "persist/CRecoveryMgr.h"
-#include "ui/menus/CActionMenu.h"
 #include "ui/app/CCommandGuard.h"
-#include "ui/menus/CFileMenu.h"
 #include "ui/app/CGameCommands.h"
-#include "ui/menus/CGameMenu.h"
-#include "ui/menus/CHelpMenu.h"
-#include "ui/menus/CMenuHandler.h"
 #include "ui/app/CRecentFiles.h"
-#include "ui/menus/CToolsMenu.h"
-#include "ui/menus/CViewMenu.h"
+#include "ui/board/mdcBoard.h"
 #include "ui/docks/UMapTabs.h"
 #include "ui/docks/UTokenPalette.h"
 #include "ui/docks/frmMapText.h"
-#include "ui/board/mdcBoard.h"
+#include "ui/menus/CActionMenu.h"
+#include "ui/menus/CFileMenu.h"
+#include "ui/menus/CGameMenu.h"
+#include "ui/menus/CHelpMenu.h"
+#include "ui/menus/CMenuHandler.h"
+#include "ui/menus/CToolsMenu.h"
+#include "ui/menus/CViewMenu.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -157,7 +157,8 @@ void mdiMain::UpdateTitle()
         setWindowTitle(CKorvane::Name());
         return;
     }
-    QString title = game->Name().isEmpty() ? QStringLiteral("Untitled") : game->Name();
+    QString title = game->Name().isEmpty() ? tr("Untitled") : game->Name();
+
     const QString path = game->FilePath();
     if (!path.isEmpty())
         title += QStringLiteral(" - ") + QFileInfo(path).fileName();

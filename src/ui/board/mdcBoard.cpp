@@ -24,8 +24,8 @@
 #include "ui/board/CMapPictureItem.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/CUnitItem.h"
-#include "ui/docks/UTokenPalette.h"
 #include "ui/board/arcArrows.h"
+#include "ui/docks/UTokenPalette.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -166,8 +166,8 @@ void mdcBoard::redrawBackground()
 
 QString mdcBoard::emptyHint()
 {
-    return QStringLiteral("No game is open.\n\nStart one with File > New Game (%1)\nor continue "
-                          "one with File > Open Game (%2).")
+    return tr("No game is open.\n\nStart one with File > New Game (%1)\nor continue one with "
+              "File > Open Game (%2).")
         .arg(QKeySequence(QKeySequence::New).toString(QKeySequence::NativeText),
              QKeySequence(QKeySequence::Open).toString(QKeySequence::NativeText));
 }
@@ -573,7 +573,8 @@ QString mdcBoard::tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint
     placed->SetHasMoved(unit->HasMoved());
 
     auto group = std::make_shared<CActionGroup>();
-    group->SetCaption(QStringLiteral("Tear Off ") + QString::number(amount));
+    group->SetCaption(QCoreApplication::translate("IAction", "Tear Off %1").arg(amount));
+
     group->SetAllowChain(true);
     auto newCount = CTokenBase::CountEditOf(*unit, amount);
     newCount->SetUnitId(added->UnitId());

@@ -6,28 +6,28 @@
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
-#include "ui/board/CMapState.h"
-#include "ui/docks/frmMapText.h"
-#include "ui/board/mdcBoard.h"
 #include "ui/app/mdiMain.h"
+#include "ui/board/CMapState.h"
+#include "ui/board/mdcBoard.h"
+#include "ui/docks/frmMapText.h"
 
 #include <QAction>
 #include <QMenu>
 
 CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_window(window)
+    : CMenuHandler(menu, QStringLiteral("mnuView"), tr("&View")), m_window(window)
 {
-    AddItem(QStringLiteral("mnuViewMapText"), QStringLiteral("&Map Text"),
+    AddItem(QStringLiteral("mnuViewMapText"), tr("&Map Text"),
             [this] { m_window->MapText()->Show(); });
     AddSeparator(QStringLiteral("mnuViewBar1"));
-    m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), QStringLiteral("&Full Screen..."),
+    m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), tr("&Full Screen..."),
                            [this] { fullScreen(); });
     m_fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
     AddSeparator(QStringLiteral("mnuViewBar2"));
 
-    m_archives = menu->addMenu(QStringLiteral("Archi&ve"));
+    m_archives = menu->addMenu(tr("Archi&ve"));
     m_archives->setObjectName(QStringLiteral("mnuViewArchives"));
-    m_current = m_archives->addAction(QStringLiteral("&Current"));
+    m_current = m_archives->addAction(tr("&Current"));
     m_current->setObjectName(QStringLiteral("mnuViewArchCurrent"));
     connect(m_current, &QAction::triggered, this, [this] { switchToGroup(-1); });
     m_archives->addSeparator()->setObjectName(QStringLiteral("mnuViewArchBar1"));
@@ -41,29 +41,29 @@ CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
     connect(m_archives, &QMenu::aboutToShow, this, [this] { Refresh(); });
 
     AddSeparator(QStringLiteral("mnuViewBar3"));
-    AddItem(QStringLiteral("mnuViewZoomIn"), QStringLiteral("Zoom &In"), [this] {
+    AddItem(QStringLiteral("mnuViewZoomIn"), tr("Zoom &In"), [this] {
         m_window->Board()->ZoomIn();
     })->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    AddItem(QStringLiteral("mnuViewZoomOut"), QStringLiteral("Zoom &Out"), [this] {
+    AddItem(QStringLiteral("mnuViewZoomOut"), tr("Zoom &Out"), [this] {
         m_window->Board()->ZoomOut();
     })->setShortcut(QKeySequence::ZoomOut);
-    AddItem(QStringLiteral("mnuViewZoomReset"), QStringLiteral("&Actual Size"), [this] {
+    AddItem(QStringLiteral("mnuViewZoomReset"), tr("&Actual Size"), [this] {
         m_window->Board()->ZoomReset();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
-    AddItem(QStringLiteral("mnuViewZoomFit"), QStringLiteral("Fit to &Window"),
+    AddItem(QStringLiteral("mnuViewZoomFit"), tr("Fit to &Window"),
             [this] { m_window->Board()->ZoomFit(); });
 
     AddSeparator(QStringLiteral("mnuViewBar4"));
-    AddItem(QStringLiteral("mnuViewPreviousMap"), QStringLiteral("&Previous Map"), [this] {
+    AddItem(QStringLiteral("mnuViewPreviousMap"), tr("&Previous Map"), [this] {
         stepMap(-1);
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
-    AddItem(QStringLiteral("mnuViewNextMap"), QStringLiteral("&Next Map"), [this] {
+    AddItem(QStringLiteral("mnuViewNextMap"), tr("&Next Map"), [this] {
         stepMap(1);
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
-    AddItem(QStringLiteral("mnuViewFirstMap"), QStringLiteral("F&irst Map"), [] {
+    AddItem(QStringLiteral("mnuViewFirstMap"), tr("F&irst Map"), [] {
         CMapState::SwitchToMapAt(1);
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home));
-    AddItem(QStringLiteral("mnuViewLastMap"), QStringLiteral("&Last Map"), [] {
+    AddItem(QStringLiteral("mnuViewLastMap"), tr("&Last Map"), [] {
         if (const auto group = CMapState::ActiveGroup())
             CMapState::SwitchToMapAt(group->Maps().Count());
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_End));
@@ -73,11 +73,9 @@ CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
 QString CViewMenu::ArchiveCaption(int number, const QString& firstMap, const QString& lastMap,
                                   int mapCount)
 {
-    QString caption = QStringLiteral("&") + QString::number(number) + QStringLiteral(".  '") +
-                      firstMap + QStringLiteral("'");
     if (mapCount > 1)
-        caption += QStringLiteral("  to  '") + lastMap + QStringLiteral("'");
-    return caption;
+        return tr("&%1.  '%2'  to  '%3'").arg(number).arg(firstMap, lastMap);
+    return tr("&%1.  '%2'").arg(number).arg(firstMap);
 }
 
 void CViewMenu::Refresh()
