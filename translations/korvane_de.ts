@@ -440,6 +440,18 @@ Möchten Sie fortfahren?</translation>
         <source>The header must be loaded before the body</source>
         <translation>Der Kopf muss vor dem Rumpf geladen werden</translation>
     </message>
+    <message>
+        <source>&lt;game_id&gt; needs a unique_id and a version</source>
+        <translation>&lt;game_id&gt; braucht eine unique_id und eine version</translation>
+    </message>
+    <message>
+        <source>&lt;label_font_size&gt; must be a size from 1 to 1000, not &apos;%1&apos;</source>
+        <translation>&lt;label_font_size&gt; muss eine Größe von 1 bis 1000 sein, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>&lt;mask_html_color&gt; must be a colour such as #FF00FF, not &apos;%1&apos;</source>
+        <translation>&lt;mask_html_color&gt; muss eine Farbe wie #FF00FF sein, nicht „%1“</translation>
+    </message>
 </context>
 <context>
     <name>CModuleInstaller</name>
@@ -1009,6 +1021,17 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     <message>
         <source>Tear Off %1</source>
         <translation>%1 abtrennen</translation>
+    </message>
+</context>
+<context>
+    <name>MMain</name>
+    <message>
+        <source>The module &apos;%1&apos; cannot be loaded.
+
+%2</source>
+        <translation>Das Modul „%1“ kann nicht geladen werden.
+
+%2</translation>
     </message>
 </context>
 <context>

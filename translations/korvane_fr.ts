@@ -440,6 +440,18 @@ Voulez-vous continuer ?</translation>
         <source>The header must be loaded before the body</source>
         <translation>L&apos;en-tête doit être chargé avant le corps</translation>
     </message>
+    <message>
+        <source>&lt;game_id&gt; needs a unique_id and a version</source>
+        <translation>&lt;game_id&gt; demande un unique_id et une version</translation>
+    </message>
+    <message>
+        <source>&lt;label_font_size&gt; must be a size from 1 to 1000, not &apos;%1&apos;</source>
+        <translation>&lt;label_font_size&gt; doit être une taille de 1 à 1000, et non « %1 »</translation>
+    </message>
+    <message>
+        <source>&lt;mask_html_color&gt; must be a colour such as #FF00FF, not &apos;%1&apos;</source>
+        <translation>&lt;mask_html_color&gt; doit être une couleur comme #FF00FF, et non « %1 »</translation>
+    </message>
 </context>
 <context>
     <name>CModuleInstaller</name>
@@ -1009,6 +1021,17 @@ Voulez-vous quand même enregistrer la partie ?</translation>
     <message>
         <source>Tear Off %1</source>
         <translation>Arracher %1</translation>
+    </message>
+</context>
+<context>
+    <name>MMain</name>
+    <message>
+        <source>The module &apos;%1&apos; cannot be loaded.
+
+%2</source>
+        <translation>Le module « %1 » ne peut pas être chargé.
+
+%2</translation>
     </message>
 </context>
 <context>

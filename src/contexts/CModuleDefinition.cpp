@@ -357,7 +357,9 @@ CModuleDefinition::Header readHeader(xmlNode* root, CModuleDefinition::Origin or
     const QString unique = text(uniqueId);
     const QString version = text(required(identity, "version"));
     if (unique.isEmpty() || version.isEmpty())
-        reject(QStringLiteral("<game_id> needs a unique_id and a version"), lineOf(identity));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "<game_id> needs a unique_id and a version"),
+               lineOf(identity));
     const QString prefix = origin == CModuleDefinition::Origin::UserModule ? QStringLiteral("udm_")
                                                                            : QStringLiteral("krm_");
     header.Id = prefix + unique + QStringLiteral("_v") + version;
@@ -409,8 +411,10 @@ CModuleDefinition::Body readBody(xmlNode* root)
     bool ok = false;
     body.FontSize = text(fontSize).toDouble(&ok);
     if (!ok || !(body.FontSize > 0 && body.FontSize <= 1000))
-        reject(QStringLiteral("<label_font_size> must be a size from 1 to 1000, not '") +
-                   text(fontSize) + QLatin1Char('\''),
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "<label_font_size> must be a size from 1 to 1000, "
+                                           "not '%1'")
+                   .arg(text(fontSize)),
                lineOf(fontSize));
     body.TransparentLabels = booleanOf(board, "label_is_transparent");
     body.LabelForeColor =
@@ -423,9 +427,12 @@ CModuleDefinition::Body readBody(xmlNode* root)
     xmlNode* images = required(root, "image_settings");
     xmlNode* mask = required(images, "mask_html_color");
     if (!CModuleDefinition::ParseColor(text(mask), body.MaskColor))
-        reject(QStringLiteral("<mask_html_color> must be a colour such as #FF00FF, not '") +
-                   text(mask) + QLatin1Char('\''),
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "<mask_html_color> must be a colour such as #FF00FF, "
+                                           "not '%1'")
+                   .arg(text(mask)),
                lineOf(mask));
+
     constexpr std::int32_t largest = CModuleDefinition::MaxImageSize;
     body.PalletWidth = integerIn(images, "pallet_img_width", 1, largest);
     body.PalletHeight = integerIn(images, "pallet_img_height", 1, largest);
