@@ -11,10 +11,9 @@
 #include "persist/CPersistMgr.h"
 #include "render/CMapExport.h"
 #include "ui/app/CGameCommands.h"
-#include "ui/board/CMapState.h"
 #include "ui/app/CRecentFiles.h"
+#include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
-#include "ui/app/mdiMain.h"
 
 #include <QAction>
 #include <QDir>
@@ -24,8 +23,9 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
-CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuFile"), QStringLiteral("&File")), m_window(window)
+CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window)
+    : CMenuHandler(menu, QStringLiteral("mnuFile"), QStringLiteral("&File")), m_board(board),
+      m_window(window)
 {
     AddItem(QStringLiteral("mnuFileNewGame"), QStringLiteral("&New Game"), [] {
         CGameCommands::NewGame();
@@ -36,16 +36,11 @@ CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
     m_recent = menu->addMenu(QStringLiteral("Open &Recent"));
     m_recent->setObjectName(QStringLiteral("mnuFileRecent"));
     AddSeparator(QStringLiteral("mnuFileBar1"));
-    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), QStringLiteral("&Save Game"), [this] {
-        if (Root().PersistMgr().SaveCurrentGame())
-            m_window->GameSaved();
-    });
+    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), QStringLiteral("&Save Game"),
+                     [] { Root().PersistMgr().SaveCurrentGame(); });
     m_save->setShortcut(QKeySequence::Save);
-    m_saveAs =
-        AddItem(QStringLiteral("mnuFileSaveGameAs"), QStringLiteral("Save Game &As..."), [this] {
-            if (Root().PersistMgr().SaveCurrentGameAs())
-                m_window->GameSaved();
-        });
+    m_saveAs = AddItem(QStringLiteral("mnuFileSaveGameAs"), QStringLiteral("Save Game &As..."),
+                       [] { Root().PersistMgr().SaveCurrentGameAs(); });
     m_saveAs->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     AddSeparator(QStringLiteral("mnuFileBar4"));
     m_export = AddItem(QStringLiteral("mnuFileExport"), QStringLiteral("&Export Map Picture..."),
@@ -107,7 +102,7 @@ void CFileMenu::Print()
 {
     if (!Root().Game())
         return;
-    const QImage picture = m_window->Board()->PaintToPbox();
+    const QImage picture = m_board->PaintToPbox();
     QPrinter printer(QPrinter::HighResolution);
     // Names the print job, and the file when printing to one.
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
@@ -133,7 +128,7 @@ void CFileMenu::ExportPicture()
     if (!map || !dialog || !Root().Context())
         return;
     double scale = 1.0;
-    const double zoom = m_window->Board()->Zoom();
+    const double zoom = m_board->Zoom();
     if (messages && qAbs(zoom - 1.0) > 0.001) {
         const auto answer = messages->Question(
             CKorvane::Name(),
@@ -167,11 +162,9 @@ void CFileMenu::SendToOpponent()
         return;
     // The opponent gets what is on the board now: unsaved changes and a game
     // never saved are written first, and a cancelled save sends nothing.
-    if (game->Dirty() != 0 || game->FilePath().isEmpty()) {
-        if (!Root().PersistMgr().SaveCurrentGame())
-            return;
-        m_window->GameSaved();
-    }
+    if ((game->Dirty() != 0 || game->FilePath().isEmpty()) &&
+        !Root().PersistMgr().SaveCurrentGame())
+        return;
     const QString path = game->FilePath();
     CMailSender sender;
     switch (sender.Send(path, CMailSender::Subject(*game))) {

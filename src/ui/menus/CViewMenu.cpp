@@ -7,18 +7,18 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "ui/board/CMapState.h"
-#include "ui/docks/frmMapText.h"
 #include "ui/board/mdcBoard.h"
-#include "ui/app/mdiMain.h"
+#include "ui/docks/frmMapText.h"
 
 #include <QAction>
 #include <QMenu>
 
-CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_window(window)
+CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText)
+    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_board(board),
+      m_mapText(mapText)
 {
     AddItem(QStringLiteral("mnuViewMapText"), QStringLiteral("&Map Text"),
-            [this] { m_window->MapText()->Show(); });
+            [this] { m_mapText->Show(); });
     AddSeparator(QStringLiteral("mnuViewBar1"));
     m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), QStringLiteral("&Full Screen..."),
                            [this] { fullScreen(); });
@@ -42,16 +42,16 @@ CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
 
     AddSeparator(QStringLiteral("mnuViewBar3"));
     AddItem(QStringLiteral("mnuViewZoomIn"), QStringLiteral("Zoom &In"), [this] {
-        m_window->Board()->ZoomIn();
+        m_board->ZoomIn();
     })->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     AddItem(QStringLiteral("mnuViewZoomOut"), QStringLiteral("Zoom &Out"), [this] {
-        m_window->Board()->ZoomOut();
+        m_board->ZoomOut();
     })->setShortcut(QKeySequence::ZoomOut);
     AddItem(QStringLiteral("mnuViewZoomReset"), QStringLiteral("&Actual Size"), [this] {
-        m_window->Board()->ZoomReset();
+        m_board->ZoomReset();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
     AddItem(QStringLiteral("mnuViewZoomFit"), QStringLiteral("Fit to &Window"),
-            [this] { m_window->Board()->ZoomFit(); });
+            [this] { m_board->ZoomFit(); });
 
     AddSeparator(QStringLiteral("mnuViewBar4"));
     AddItem(QStringLiteral("mnuViewPreviousMap"), QStringLiteral("&Previous Map"), [this] {
@@ -106,7 +106,7 @@ void CViewMenu::fullScreen()
     CGui* gui = Root().Gui();
     FFullScreenDlg* dialog = gui ? gui->FullScreenDlg() : nullptr;
     if (dialog && Root().Game())
-        dialog->Display(m_window->Board()->PaintToPbox());
+        dialog->Display(m_board->PaintToPbox());
 }
 
 void CViewMenu::switchToGroup(int number)
