@@ -12,9 +12,9 @@ QJsonArray pointJson(const QPoint& point)
     return QJsonArray{point.x(), point.y()};
 }
 
-void appendLines(QString& text, const CMapComparison& result)
+void appendLines(QString& text, const CMapComparison& result, bool withName)
 {
-    for (const QString& line : result.Lines())
+    for (const QString& line : result.Lines(withName))
         text += QStringLiteral("  ") + line + QLatin1Char('\n');
 }
 
@@ -38,7 +38,7 @@ QString CDiffReport::MapText(const QString& from, const QString& to, const CMapC
 {
     QString text = from + QStringLiteral(" → ") + to + QStringLiteral(": ") + result.Summary() +
                    QLatin1Char('\n');
-    appendLines(text, result);
+    appendLines(text, result, false);
     return text;
 }
 
@@ -89,7 +89,7 @@ QString CDiffReport::GameText(const QString& olderFile, const QString& newerFile
             ++both;
             text +=
                 QStringLiteral("changed (") + entry.Comparison.Summary() + QStringLiteral(")\n");
-            appendLines(text, entry.Comparison);
+            appendLines(text, entry.Comparison, true);
             break;
         case Status::Added:
             text += QStringLiteral("only in ") + newerFile + QLatin1Char('\n');
