@@ -157,6 +157,20 @@ std::vector<int> CPairing::Exact(const std::vector<Item>& older, const std::vect
     std::vector<std::size_t> match(m + 1, 0), way(m + 1, 0);
     std::vector<double> minimum(m + 1);
     std::vector<char> used(m + 1);
+    // The inner loop reads each cost n times: keep them, unless that would
+    // take much memory (a few items against very many).
+    constexpr std::size_t keptCosts = 4 * 1024 * 1024;
+    std::vector<double> costs;
+    if (n * m <= keptCosts) {
+        costs.resize(n * m);
+        for (std::size_t i = 0; i < n; ++i) {
+            for (std::size_t j = 0; j < m; ++j)
+                costs[i * m + j] = Cost(rows[i], columns[j]);
+        }
+    }
+    const auto cost = [&](std::size_t i, std::size_t j) {
+        return costs.empty() ? Cost(rows[i], columns[j]) : costs[i * m + j];
+    };
     for (std::size_t i = 1; i <= n; ++i) {
         match[0] = i;
         std::size_t j0 = 0;
@@ -170,7 +184,7 @@ std::vector<int> CPairing::Exact(const std::vector<Item>& older, const std::vect
             for (std::size_t j = 1; j <= m; ++j) {
                 if (used[j])
                     continue;
-                const double current = Cost(rows[i0 - 1], columns[j - 1]) - u[i0] - v[j];
+                const double current = cost(i0 - 1, j - 1) - u[i0] - v[j];
                 if (current < minimum[j]) {
                     minimum[j] = current;
                     way[j] = j0;
