@@ -100,12 +100,17 @@ QString CDiffReport::GameText(const QString& olderFile, const QString& newerFile
         }
     }
     const int changed = result.ChangedCount();
-    if (changed == 0)
+    if (both == 0)
+        text += QStringLiteral("The files hold no map in common.\n");
+    else if (changed == 0 && both == 1)
+        text += QStringLiteral("The map both files hold is the same.\n");
+    else if (changed == 0)
         text += QStringLiteral("The %1 maps both files hold are the same.\n").arg(both);
     else
-        text += QStringLiteral("%1 of the %2 maps both files hold differ from %3.\n")
+        text += QStringLiteral("%1 of the %2 maps both files hold %3 from %4.\n")
                     .arg(changed)
                     .arg(both)
+                    .arg(changed == 1 ? QStringLiteral("differs") : QStringLiteral("differ"))
                     .arg(olderFile);
     return text;
 }

@@ -95,6 +95,9 @@ TEST_F(ToolDiff, TwoFilesOfAGameShowWhetherTheEarlierMapsWereKept)
     EXPECT_TRUE(run.Out.startsWith(QStringLiteral("1:1 Start: changed (1 moved)\n"
                                                   "  tank moved from (640, 300) to (600, 300)\n")))
         << run.Out.toStdString();
+    EXPECT_TRUE(run.Out.endsWith(QStringLiteral("1:3 Turn 3: only in altered.krf\n1 of the 2 maps "
+                                                "both files hold differs from old.krf.\n")))
+        << run.Out.toStdString();
     run = Tool({QStringLiteral("diff"), altered, old, QStringLiteral("--json")});
     EXPECT_EQ(run.Status, 3);
     const QJsonValue zero = json(R"({"moved": 0, "added": 0, "removed": 0, "changed": 0,
