@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 #include <tuple>
 
 namespace {
@@ -131,6 +132,39 @@ TEST(MapComparer, PairsForTheLeastTotalDistanceAndStaysSensibleBeyondTheExactLim
     ASSERT_EQ(result.Count.Moved, 2);
     EXPECT_EQ(result.Changes[0].From, QPoint(0, 0));
     EXPECT_EQ(result.Changes[1].From, QPoint(10, 0));
+
+    // Small scattered cases against trying every assignment.
+    std::uint32_t seed = 99;
+    const auto next = [&seed] { return (seed = seed * 1103515245u + 12345u) >> 16 & 255u; };
+    for (int round = 0; round < 12; ++round) {
+        std::vector<CPairing::Item> olderItems(round % 2 ? 6 : 4), newerItems(round % 3 + 4);
+        for (auto& item : olderItems)
+            item = {double(next()), double(next()), 0, 0, 0};
+        for (auto& item : newerItems)
+            item = {double(next()), double(next()), 0, 0, 0};
+        const bool olderFirst = olderItems.size() <= newerItems.size();
+        const auto& rows = olderFirst ? olderItems : newerItems;
+        const auto& columns = olderFirst ? newerItems : olderItems;
+        std::vector<int> order(columns.size());
+        std::iota(order.begin(), order.end(), 0);
+        double best = 1e18;
+        do {
+            double total = 0;
+            for (std::size_t i = 0; i < rows.size(); ++i)
+                total += CPairing::Cost(rows[i], columns[std::size_t(order[i])]);
+            best = std::min(best, total);
+        } while (std::next_permutation(order.begin(), order.end()));
+        const std::vector<int> partner = CPairing::Exact(olderItems, newerItems);
+        double total = 0;
+        for (std::size_t o = 0; o < partner.size(); ++o) {
+            if (partner[o] >= 0)
+                total += CPairing::Cost(olderItems[o], newerItems[std::size_t(partner[o])]);
+        }
+        EXPECT_NEAR(total, best, 1e-6) << "round " << round;
+        EXPECT_EQ(
+            std::count(partner.begin(), partner.end(), -1),
+            std::ptrdiff_t(olderItems.size() - std::min(olderItems.size(), newerItems.size())));
+    }
 
     // Far more units than an exact assignment takes: a whole army steps
     // 5 pixels right, listed in another order, and one more arrives.
