@@ -37,12 +37,15 @@ QStringList longOptions(const QString& help)
     return options;
 }
 
-// The part of a page under ".SS" headings that begin with this text, up to the next heading.
-QString subsections(const QString& text, const QString& heading)
+// The parts of the tool's page under the ".SS" headings of one command, each
+// up to the next heading.
+QString commandParts(const QString& text, const QString& command)
 {
     QString found;
+    const QString heading = QStringLiteral("S \"korvane-tool ") + command;
     for (const QString& part : text.split(QStringLiteral("\n.S"))) {
-        if (part.startsWith(QStringLiteral("S \"") + heading))
+        if (part.startsWith(heading) && part.size() > heading.size() &&
+            QStringLiteral(" \"").contains(part.at(heading.size())))
             found += part;
     }
     return found;
@@ -76,7 +79,7 @@ TEST(ManualPages, InstalledCompressedAndListEveryCommandAndOptionTheProgramsHelp
     ASSERT_GE(commandLines.size(), 9) << help.toStdString();
     for (const QString& line : commandLines) {
         const QString command = line.simplified().section(QLatin1Char(' '), 0, 0);
-        const QString part = subsections(tool, "korvane-tool " + command + ' ');
+        const QString part = commandParts(tool, command);
         EXPECT_FALSE(part.isEmpty()) << "no part for " << command.toStdString();
         const QStringList options = longOptions(output(toolPath, {command, "--help"}));
         EXPECT_TRUE(options.contains(QStringLiteral("--home"))) << command.toStdString();
