@@ -184,6 +184,14 @@ Bei „Nein“ wird es in 100 % exportiert.</translation>
         <source>Opening &apos;%1&apos;...</source>
         <translation>„%1“ wird geöffnet...</translation>
     </message>
+    <message>
+        <source>The module &apos;%1&apos; cannot start a new game.
+
+%2</source>
+        <translation>Das Modul „%1“ kann kein neues Spiel beginnen.
+
+%2</translation>
+    </message>
 </context>
 <context>
     <name>CGameFile</name>
@@ -322,6 +330,120 @@ Möchten Sie fortfahren?</translation>
     <message>
         <source>a unit names the counter number %1 of %2</source>
         <translation>ein Spielstein nennt den Spielstein Nummer %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>CMapChange</name>
+    <message>
+        <source>Arrow</source>
+        <translation>Pfeil</translation>
+    </message>
+    <message>
+        <source>%1 added from (%2, %3) to (%4, %5)</source>
+        <translation>%1 von (%2, %3) nach (%4, %5) hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 from (%2, %3) to (%4, %5) removed</source>
+        <translation>%1 von (%2, %3) nach (%4, %5) entfernt</translation>
+    </message>
+    <message>
+        <source>%1 moved from (%2, %3)–(%4, %5) to (%6, %7)–(%8, %9)</source>
+        <translation>%1 von (%2, %3)–(%4, %5) nach (%6, %7)–(%8, %9) bewegt</translation>
+    </message>
+    <message>
+        <source>%1 moved from (%2, %3) to (%4, %5), now %6</source>
+        <translation>%1 von (%2, %3) nach (%4, %5) bewegt, jetzt %6</translation>
+    </message>
+    <message>
+        <source>%1 moved from (%2, %3) to (%4, %5)</source>
+        <translation>%1 von (%2, %3) nach (%4, %5) bewegt</translation>
+    </message>
+    <message>
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message>
+        <source>(no caption)</source>
+        <translation>(ohne Beschriftung)</translation>
+    </message>
+    <message>
+        <source>%1 at (%2, %3) changed</source>
+        <translation>%1 bei (%2, %3) geändert</translation>
+    </message>
+    <message>
+        <source>%1 added at (%2, %3)</source>
+        <translation>%1 bei (%2, %3) hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 removed from (%2, %3)</source>
+        <translation>%1 bei (%2, %3) entfernt</translation>
+    </message>
+</context>
+<context>
+    <name>CMapComparison</name>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 bewegt</translation>
+    </message>
+    <message>
+        <source>%1 added</source>
+        <translation>%1 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 entfernt</translation>
+    </message>
+    <message>
+        <source>%1 changed</source>
+        <translation>%1 geändert</translation>
+    </message>
+    <message>
+        <source>1 arrow moved</source>
+        <translation>1 Pfeil bewegt</translation>
+    </message>
+    <message>
+        <source>%1 arrows moved</source>
+        <translation>%1 Pfeile bewegt</translation>
+    </message>
+    <message>
+        <source>1 arrow added</source>
+        <translation>1 Pfeil hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 arrows added</source>
+        <translation>%1 Pfeile hinzugefügt</translation>
+    </message>
+    <message>
+        <source>1 arrow removed</source>
+        <translation>1 Pfeil entfernt</translation>
+    </message>
+    <message>
+        <source>%1 arrows removed</source>
+        <translation>%1 Pfeile entfernt</translation>
+    </message>
+    <message>
+        <source>text changed</source>
+        <translation>Text geändert</translation>
+    </message>
+    <message>
+        <source>name changed</source>
+        <translation>Name geändert</translation>
+    </message>
+    <message>
+        <source>No changes</source>
+        <translation>Keine Änderungen</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Map name changed from &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>Kartenname von „%1“ in „%2“ geändert</translation>
+    </message>
+    <message>
+        <source>Map text changed</source>
+        <translation>Kartentext geändert</translation>
     </message>
 </context>
 <context>
@@ -1021,6 +1143,14 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     <message>
         <source>Tear Off %1</source>
         <translation>%1 abtrennen</translation>
+    </message>
+    <message>
+        <source>The map &apos;%1&apos; cannot be removed</source>
+        <translation>Die Karte „%1“ kann nicht entfernt werden</translation>
+    </message>
+    <message>
+        <source>Remove Map</source>
+        <translation>Karte entfernen</translation>
     </message>
 </context>
 <context>

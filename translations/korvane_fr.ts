@@ -184,6 +184,14 @@ Non l&apos;exporte à 100 %.</translation>
         <source>Opening &apos;%1&apos;...</source>
         <translation>Ouverture de « %1 »...</translation>
     </message>
+    <message>
+        <source>The module &apos;%1&apos; cannot start a new game.
+
+%2</source>
+        <translation>Le module « %1 » ne peut pas commencer une nouvelle partie.
+
+%2</translation>
+    </message>
 </context>
 <context>
     <name>CGameFile</name>
@@ -322,6 +330,120 @@ Voulez-vous continuer ?</translation>
     <message>
         <source>a unit names the counter number %1 of %2</source>
         <translation>un pion désigne le pion numéro %1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>CMapChange</name>
+    <message>
+        <source>Arrow</source>
+        <translation>Flèche</translation>
+    </message>
+    <message>
+        <source>%1 added from (%2, %3) to (%4, %5)</source>
+        <translation>%1 ajoutée de (%2, %3) à (%4, %5)</translation>
+    </message>
+    <message>
+        <source>%1 from (%2, %3) to (%4, %5) removed</source>
+        <translation>%1 de (%2, %3) à (%4, %5) retirée</translation>
+    </message>
+    <message>
+        <source>%1 moved from (%2, %3)–(%4, %5) to (%6, %7)–(%8, %9)</source>
+        <translation>%1 déplacée de (%2, %3)–(%4, %5) à (%6, %7)–(%8, %9)</translation>
+    </message>
+    <message>
+        <source>%1 moved from (%2, %3) to (%4, %5), now %6</source>
+        <translation>%1 déplacé de (%2, %3) à (%4, %5), maintenant %6</translation>
+    </message>
+    <message>
+        <source>%1 moved from (%2, %3) to (%4, %5)</source>
+        <translation>%1 déplacé de (%2, %3) à (%4, %5)</translation>
+    </message>
+    <message>
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message>
+        <source>(no caption)</source>
+        <translation>(sans libellé)</translation>
+    </message>
+    <message>
+        <source>%1 at (%2, %3) changed</source>
+        <translation>%1 modifié en (%2, %3)</translation>
+    </message>
+    <message>
+        <source>%1 added at (%2, %3)</source>
+        <translation>%1 ajouté en (%2, %3)</translation>
+    </message>
+    <message>
+        <source>%1 removed from (%2, %3)</source>
+        <translation>%1 retiré de (%2, %3)</translation>
+    </message>
+</context>
+<context>
+    <name>CMapComparison</name>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 déplacés</translation>
+    </message>
+    <message>
+        <source>%1 added</source>
+        <translation>%1 ajoutés</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 retirés</translation>
+    </message>
+    <message>
+        <source>%1 changed</source>
+        <translation>%1 modifiés</translation>
+    </message>
+    <message>
+        <source>1 arrow moved</source>
+        <translation>1 flèche déplacée</translation>
+    </message>
+    <message>
+        <source>%1 arrows moved</source>
+        <translation>%1 flèches déplacées</translation>
+    </message>
+    <message>
+        <source>1 arrow added</source>
+        <translation>1 flèche ajoutée</translation>
+    </message>
+    <message>
+        <source>%1 arrows added</source>
+        <translation>%1 flèches ajoutées</translation>
+    </message>
+    <message>
+        <source>1 arrow removed</source>
+        <translation>1 flèche retirée</translation>
+    </message>
+    <message>
+        <source>%1 arrows removed</source>
+        <translation>%1 flèches retirées</translation>
+    </message>
+    <message>
+        <source>text changed</source>
+        <translation>texte modifié</translation>
+    </message>
+    <message>
+        <source>name changed</source>
+        <translation>nom modifié</translation>
+    </message>
+    <message>
+        <source>No changes</source>
+        <translation>Aucune modification</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Map name changed from &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>Nom de la carte changé de « %1 » en « %2 »</translation>
+    </message>
+    <message>
+        <source>Map text changed</source>
+        <translation>Texte de la carte modifié</translation>
     </message>
 </context>
 <context>
@@ -1021,6 +1143,14 @@ Voulez-vous quand même enregistrer la partie ?</translation>
     <message>
         <source>Tear Off %1</source>
         <translation>Arracher %1</translation>
+    </message>
+    <message>
+        <source>The map &apos;%1&apos; cannot be removed</source>
+        <translation>La carte « %1 » ne peut pas être supprimée</translation>
+    </message>
+    <message>
+        <source>Remove Map</source>
+        <translation>Supprimer la carte</translation>
     </message>
 </context>
 <context>

@@ -63,7 +63,7 @@ TEST(Installed, FindsTheShippedModulesAndWritesOnlyIntoTheUsersFolders)
     const QString prefix = destDir.path() + "/usr/";
     const QString shipped = prefix + "share/korvane/modules/";
     // The tool, the desktop entry and the file type are used below.
-    for (const char* file : {"bin/korvane", "share/icons/hicolor/scalable/apps/korvane.svg"})
+    for (const char* file : {"games/korvane", "share/icons/hicolor/scalable/apps/korvane.svg"})
         EXPECT_TRUE(QFileInfo(prefix + file).isFile()) << file;
     EXPECT_EQ(run("desktop-file-validate", {prefix + "share/applications/korvane.desktop"}), "0|");
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();

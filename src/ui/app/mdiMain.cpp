@@ -16,7 +16,6 @@
 #include "ui/menus/CFileMenu.h"
 #include "ui/menus/CGameMenu.h"
 #include "ui/menus/CHelpMenu.h"
-#include "ui/menus/CMenuHandler.h"
 #include "ui/menus/CToolsMenu.h"
 #include "ui/menus/CViewMenu.h"
 
@@ -33,7 +32,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace {
 
@@ -62,16 +60,22 @@ mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
     m_mapText->hide();
 
     QMenuBar* bar = menuBar();
-    m_fileMenu = new CFileMenu(bar->addMenu(QString()), this);
+    m_fileMenu = new CFileMenu(bar->addMenu(QString()), m_board, this);
     m_actionMenu = new CActionMenu(bar->addMenu(QString()));
-    m_viewMenu = new CViewMenu(bar->addMenu(QString()), this);
+    m_viewMenu = new CViewMenu(bar->addMenu(QString()), m_board, m_mapText);
     m_gameMenu = new CGameMenu(bar->addMenu(QString()));
     m_toolsMenu = new CToolsMenu(bar->addMenu(QString()));
     m_helpMenu = new CHelpMenu(bar->addMenu(QString()));
     UpdateTitle();
+    if (CKorvane* root = RootOrNull())
+        root->PersistMgr().SetSavedObserver([this] { gameSaved(); });
 }
 
-mdiMain::~mdiMain() = default;
+mdiMain::~mdiMain()
+{
+    if (CKorvane* root = RootOrNull())
+        root->PersistMgr().SetSavedObserver({});
+}
 
 void mdiMain::Load()
 {
@@ -138,7 +142,7 @@ void mdiMain::saveGeometry()
     Root().Config().SetRect(section, geometry());
 }
 
-void mdiMain::GameSaved()
+void mdiMain::gameSaved()
 {
     const std::shared_ptr<CGame> game = Root().Game();
     const QString path = game ? game->FilePath() : QString();
@@ -211,20 +215,6 @@ void mdiMain::rebuildTabs()
 {
     m_tabs->Rebuild();
     followModel();
-}
-
-void mdiMain::followModel()
-{
-    UpdateTitle();
-    if (m_menusDue)
-        return;
-    m_menusDue = true;
-    QTimer::singleShot(0, this, [this] {
-        m_menusDue = false;
-        for (CMenuHandler* menu : std::initializer_list<CMenuHandler*>{
-                 m_fileMenu, m_actionMenu, m_viewMenu, m_gameMenu, m_toolsMenu, m_helpMenu})
-            menu->RefreshNow();
-    });
 }
 
 void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)

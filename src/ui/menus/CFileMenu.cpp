@@ -12,7 +12,6 @@
 #include "render/CMapExport.h"
 #include "ui/app/CGameCommands.h"
 #include "ui/app/CRecentFiles.h"
-#include "ui/app/mdiMain.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
 
@@ -24,8 +23,8 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
-CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuFile"), tr("&File")), m_window(window)
+CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window)
+    : CMenuHandler(menu, QStringLiteral("mnuFile"), tr("&File")), m_board(board), m_window(window)
 {
     AddItem(QStringLiteral("mnuFileNewGame"), tr("&New Game"), [] {
         CGameCommands::NewGame();
@@ -36,15 +35,11 @@ CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
     m_recent = menu->addMenu(tr("Open &Recent"));
     m_recent->setObjectName(QStringLiteral("mnuFileRecent"));
     AddSeparator(QStringLiteral("mnuFileBar1"));
-    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), tr("&Save Game"), [this] {
-        if (Root().PersistMgr().SaveCurrentGame())
-            m_window->GameSaved();
-    });
+    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), tr("&Save Game"),
+                     [] { Root().PersistMgr().SaveCurrentGame(); });
     m_save->setShortcut(QKeySequence::Save);
-    m_saveAs = AddItem(QStringLiteral("mnuFileSaveGameAs"), tr("Save Game &As..."), [this] {
-        if (Root().PersistMgr().SaveCurrentGameAs())
-            m_window->GameSaved();
-    });
+    m_saveAs = AddItem(QStringLiteral("mnuFileSaveGameAs"), tr("Save Game &As..."),
+                       [] { Root().PersistMgr().SaveCurrentGameAs(); });
     m_saveAs->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     AddSeparator(QStringLiteral("mnuFileBar4"));
     m_export = AddItem(QStringLiteral("mnuFileExport"), tr("&Export Map Picture..."),
@@ -105,7 +100,7 @@ void CFileMenu::Print()
 {
     if (!Root().Game())
         return;
-    const QImage picture = m_window->Board()->PaintToPbox();
+    const QImage picture = m_board->PaintToPbox();
     QPrinter printer(QPrinter::HighResolution);
     // Names the print job, and the file when printing to one.
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
@@ -131,7 +126,7 @@ void CFileMenu::ExportPicture()
     if (!map || !dialog || !Root().Context())
         return;
     double scale = 1.0;
-    const double zoom = m_window->Board()->Zoom();
+    const double zoom = m_board->Zoom();
     if (messages && qAbs(zoom - 1.0) > 0.001) {
         const auto answer = messages->Question(
             CKorvane::Name(),
@@ -164,11 +159,9 @@ void CFileMenu::SendToOpponent()
         return;
     // The opponent gets what is on the board now: unsaved changes and a game
     // never saved are written first, and a cancelled save sends nothing.
-    if (game->Dirty() != 0 || game->FilePath().isEmpty()) {
-        if (!Root().PersistMgr().SaveCurrentGame())
-            return;
-        m_window->GameSaved();
-    }
+    if ((game->Dirty() != 0 || game->FilePath().isEmpty()) &&
+        !Root().PersistMgr().SaveCurrentGame())
+        return;
     const QString path = game->FilePath();
     CMailSender sender;
     switch (sender.Send(path, CMailSender::Subject(*game))) {

@@ -4,7 +4,8 @@
 
 class QAction;
 class QMenu;
-class mdiMain;
+class QWidget;
+class mdcBoard;
 
 // "&File": new, open, save, save as, print, the recent games and exit.
 class CFileMenu : public CMenuHandler
@@ -12,7 +13,9 @@ class CFileMenu : public CMenuHandler
     Q_OBJECT
 
 public:
-    CFileMenu(QMenu* menu, mdiMain* window);
+    // Prints and exports what board shows; Exit closes window, which also
+    // parents the print dialog.
+    CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window);
 
     void Print();
     // The shown map as a PNG picture, at 100 % or at the board's zoom.
@@ -27,7 +30,8 @@ private:
     void fillRecent();
     void openRecent(const QString& path);
 
-    mdiMain* m_window;
+    mdcBoard* m_board;
+    QWidget* m_window;
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
     QAction* m_print = nullptr;

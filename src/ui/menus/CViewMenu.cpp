@@ -6,7 +6,6 @@
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
-#include "ui/app/mdiMain.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/docks/frmMapText.h"
@@ -14,11 +13,10 @@
 #include <QAction>
 #include <QMenu>
 
-CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuView"), tr("&View")), m_window(window)
+CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText)
+    : CMenuHandler(menu, QStringLiteral("mnuView"), tr("&View")), m_board(board), m_mapText(mapText)
 {
-    AddItem(QStringLiteral("mnuViewMapText"), tr("&Map Text"),
-            [this] { m_window->MapText()->Show(); });
+    AddItem(QStringLiteral("mnuViewMapText"), tr("&Map Text"), [this] { m_mapText->Show(); });
     AddSeparator(QStringLiteral("mnuViewBar1"));
     m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), tr("&Full Screen..."),
                            [this] { fullScreen(); });
@@ -42,16 +40,15 @@ CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
 
     AddSeparator(QStringLiteral("mnuViewBar3"));
     AddItem(QStringLiteral("mnuViewZoomIn"), tr("Zoom &In"), [this] {
-        m_window->Board()->ZoomIn();
+        m_board->ZoomIn();
     })->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     AddItem(QStringLiteral("mnuViewZoomOut"), tr("Zoom &Out"), [this] {
-        m_window->Board()->ZoomOut();
+        m_board->ZoomOut();
     })->setShortcut(QKeySequence::ZoomOut);
     AddItem(QStringLiteral("mnuViewZoomReset"), tr("&Actual Size"), [this] {
-        m_window->Board()->ZoomReset();
+        m_board->ZoomReset();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
-    AddItem(QStringLiteral("mnuViewZoomFit"), tr("Fit to &Window"),
-            [this] { m_window->Board()->ZoomFit(); });
+    AddItem(QStringLiteral("mnuViewZoomFit"), tr("Fit to &Window"), [this] { m_board->ZoomFit(); });
 
     AddSeparator(QStringLiteral("mnuViewBar4"));
     AddItem(QStringLiteral("mnuViewPreviousMap"), tr("&Previous Map"), [this] {
@@ -104,7 +101,7 @@ void CViewMenu::fullScreen()
     CGui* gui = Root().Gui();
     FFullScreenDlg* dialog = gui ? gui->FullScreenDlg() : nullptr;
     if (dialog && Root().Game())
-        dialog->Display(m_window->Board()->PaintToPbox());
+        dialog->Display(m_board->PaintToPbox());
 }
 
 void CViewMenu::switchToGroup(int number)
