@@ -19,6 +19,7 @@
 #include "ui/docks/UTokenPalette.h"
 #include "ui/docks/frmMapText.h"
 #include "ui/board/mdcBoard.h"
+#include "ui/app/CReviewWindows.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -60,6 +61,7 @@ mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
     m_mapText = new frmMapText(this);
     addDockWidget(Qt::RightDockWidgetArea, m_mapText);
     m_mapText->hide();
+    m_review = new CReviewWindows(this);
 
     QMenuBar* bar = menuBar();
     m_fileMenu = new CFileMenu(bar->addMenu(QString()), this);
@@ -230,6 +232,12 @@ void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)
 {
     m_tabs->SelectActive();
     followModel();
+}
+
+void mdiMain::NotifyOfNewGame()
+{
+    rebuildTabs();
+    m_review->GameOpened();
 }
 
 void mdiMain::NotifyOfNewContext()

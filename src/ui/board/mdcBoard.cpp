@@ -155,6 +155,7 @@ void mdcBoard::rebuild()
     redrawBackground();
     rebuildUnits();
     rebuildArrows();
+    Q_EMIT Rebuilt();
 }
 
 void mdcBoard::redrawBackground()
@@ -270,6 +271,7 @@ void mdcBoard::NotifyOfMapEdit(const QString&)
     const CTraceScope scope("NotifyOfMapEdit", "mdcBoard");
     if (!deferred())
         redrawBackground();
+    Q_EMIT ModelFollowed();
 }
 
 void mdcBoard::follow(const char* method, void (mdcBoard::*sync)(const QString&), const QString& id)
@@ -277,6 +279,7 @@ void mdcBoard::follow(const char* method, void (mdcBoard::*sync)(const QString&)
     const CTraceScope scope(method, "mdcBoard");
     if (!deferred())
         (this->*sync)(id);
+    Q_EMIT ModelFollowed();
 }
 
 void mdcBoard::NotifyNullDrop()

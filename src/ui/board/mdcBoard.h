@@ -58,6 +58,7 @@ public:
                                    const QString& excludeId = QString()) const;
     CUnitItem* ItemFor(const QString& unitId) const { return m_items.value(unitId); }
     arcArrows* Arrows() const { return m_arrows; }
+    const std::shared_ptr<CBoardRenderer>& Renderer() const { return m_renderer; }
     tBoardCursor BoardCursor() const { return m_cursor; }
     // How many full rebuilds the board has made.
     int Rebuilds() const { return m_rebuilds; }
@@ -102,6 +103,12 @@ public:
     {
         follow("NotifyOfUnitEdit", &mdcBoard::syncUnit, id);
     }
+
+Q_SIGNALS:
+    // Layers over the board (the changes overlay, the replay) follow these:
+    // the scene was cleared and filled again, or the model changed.
+    void Rebuilt();
+    void ModelFollowed();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -15,6 +15,8 @@
 #include "ui/app/CRecentFiles.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/app/mdiMain.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/CBoardReview.h"
 
 #include <QAction>
 #include <QDir>
@@ -53,6 +55,8 @@ CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
     m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     m_send = AddItem(QStringLiteral("mnuFileSend"), QStringLiteral("Sen&d to Opponent..."),
                      [this] { SendToOpponent(); });
+    m_compareFile = AddItem(QStringLiteral("mnuFileCompareWithFile"), tr("Compare With &File..."),
+                            [this] { m_window->Review()->CompareWithFile(); });
     AddSeparator(QStringLiteral("mnuFileBar2"));
     m_print =
         AddItem(QStringLiteral("mnuFilePrint"), QStringLiteral("Print..."), [this] { Print(); });
@@ -72,6 +76,7 @@ void CFileMenu::Refresh()
     m_print->setEnabled(hasGame);
     m_export->setEnabled(hasGame);
     m_send->setEnabled(hasGame);
+    m_compareFile->setEnabled(hasGame);
     fillRecent();
 }
 
@@ -155,6 +160,14 @@ void CFileMenu::ExportPicture()
         CUtility::JoinPath(dialog->SelDir(), dialog->SelFile(),
                            dialog->SelExt().isEmpty() ? QStringLiteral("png") : dialog->SelExt());
     QString error;
+    // With the changes shown the picture is the board's, overlay included.
+    const CBoardReview* review = m_window->Review()->Board();
+    if (review->Shown()) {
+        if (!review->Picture(scale).save(path, "PNG"))
+            FMessageBox::Tell(QStringLiteral("The picture could not be saved."),
+                              FMessageBox::Icon::Exclamation);
+        return;
+    }
     if (!CMapExport::ToPng(map, Root().Context(), scale, path, error))
         FMessageBox::Tell(QStringLiteral("The picture could not be saved.\n\n") + error,
                           FMessageBox::Icon::Exclamation);

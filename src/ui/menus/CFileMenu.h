@@ -33,5 +33,6 @@ private:
     QAction* m_print = nullptr;
     QAction* m_export = nullptr;
     QAction* m_send = nullptr;
+    QAction* m_compareFile = nullptr;
     QMenu* m_recent = nullptr;
 };

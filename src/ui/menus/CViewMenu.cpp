@@ -10,6 +10,8 @@
 #include "ui/docks/frmMapText.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/app/mdiMain.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/CBoardReview.h"
 
 #include <QAction>
 #include <QMenu>
@@ -24,6 +26,17 @@ CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
                            [this] { fullScreen(); });
     m_fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
     AddSeparator(QStringLiteral("mnuViewBar2"));
+    m_showChanges = AddItem(QStringLiteral("mnuViewShowChanges"), tr("Show &Changes"), [this] {
+        m_window->Review()->ShowChanges(m_showChanges->isChecked());
+    });
+    m_showChanges->setCheckable(true);
+    m_showChanges->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
+    m_compareWith = AddItem(QStringLiteral("mnuViewCompareWith"), tr("Compare &With..."),
+                            [this] { m_window->Review()->ChooseBase(); });
+    m_replay = AddItem(QStringLiteral("mnuViewReplay"), tr("&Replay Changes"),
+                       [this] { m_window->Review()->Replay(); });
+    m_replay->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
+    AddSeparator(QStringLiteral("mnuViewBarReview"));
 
     m_archives = menu->addMenu(QStringLiteral("Archi&ve"));
     m_archives->setObjectName(QStringLiteral("mnuViewArchives"));
@@ -85,6 +98,11 @@ void CViewMenu::Refresh()
     const std::shared_ptr<CGame>& game = Root().Game();
     const std::int32_t groups = game ? game->MapGroups().Count() : 0;
     m_fullScreen->setEnabled(game != nullptr);
+    const CBoardReview* review = m_window->Review()->Board();
+    m_showChanges->setChecked(review->Shown());
+    m_showChanges->setEnabled(review->Shown() || review->Available());
+    m_compareWith->setEnabled(game && game->GetMapCount() > 1);
+    m_replay->setEnabled(review->Available());
     m_current->setEnabled(groups > 0);
     for (int i = 0; i < ArchiveCount; ++i) {
         QAction* item = m_groups[i];

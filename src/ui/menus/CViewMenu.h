@@ -35,4 +35,7 @@ private:
     QAction* m_current;
     std::array<QAction*, ArchiveCount> m_groups{};
     QAction* m_fullScreen;
+    QAction* m_showChanges;
+    QAction* m_compareWith;
+    QAction* m_replay;
 };
