@@ -1,6 +1,7 @@
 #include "CTool.h"
 
 #include "CCheckModuleCommand.h"
+#include "CDiffCommand.h"
 #include "CDumpCommand.h"
 #include "CInfoCommand.h"
 #include "CModulesCommand.h"
@@ -18,6 +19,8 @@
 #include <QCoreApplication>
 #include <QSet>
 #include <QTextStream>
+
+#include <algorithm>
 
 namespace {
 
@@ -78,6 +81,7 @@ CTool::CTool()
     m_commands.push_back(std::make_unique<CModulesCommand>());
     m_commands.push_back(std::make_unique<CInfoCommand>());
     m_commands.push_back(std::make_unique<CDumpCommand>());
+    m_commands.push_back(std::make_unique<CDiffCommand>());
     m_commands.push_back(std::make_unique<CNewCommand>());
     m_commands.push_back(std::make_unique<CResaveCommand>());
     m_commands.push_back(std::make_unique<CRenderCommand>());
@@ -172,7 +176,9 @@ int CTool::runCommand(IToolCommand& command, const QStringList& arguments, QText
         return 0;
     }
     const QStringList given = parser.positionalArguments().mid(1);
-    if (given.size() != names.size()) {
+    const qsizetype fewest =
+        names.size() - std::clamp<qsizetype>(command.OptionalArguments(), 0, names.size());
+    if (given.size() < fewest || given.size() > names.size()) {
         const QString needs = names.isEmpty()
                                   ? QStringLiteral("takes no arguments")
                                   : QStringLiteral("takes ") + names.join(QLatin1Char(' '));
@@ -184,7 +190,7 @@ int CTool::runCommand(IToolCommand& command, const QStringList& arguments, QText
 
     CToolSession session(parser.value(homeOption));
     command.Run(session, parser, given, out);
-    return 0;
+    return command.Outcome();
 }
 
 QString CTool::generalHelp() const

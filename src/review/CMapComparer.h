@@ -9,9 +9,10 @@ struct CMapSnapshot;
 
 // Compares two maps. Units are paired per token: identical ones (same
 // position, caption and data) first, then the rest so that the distance
-// travelled in all is smallest. Up to ExactLimit unpaired units of a token on
-// either side that is an exact assignment (Hungarian method, cubic time);
-// beyond it, nearest-first: the closest free pair of all is paired, again and
+// travelled in all is smallest: an exact assignment (Hungarian method,
+// cubic time) while a token has up to ExactLimit unpaired units a side (more
+// precisely, while shorter^2 * longer stays within ExactLimit^3); beyond that
+// nearest-first: the closest free pair of all is paired, again and
 // again, which is near the best for turns of many short moves. Leftovers are
 // added or removed. Arrows pair the same way by token, tail and head, and an
 // arrow is either kept, moved, added or removed.

@@ -1,0 +1,53 @@
+#include "CMapHistory.h"
+
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+
+CMapHistory::Position CMapHistory::PositionOf(const CGame& game, const CMap& map)
+{
+    const CVector<CMapGroup>& groups = game.MapGroups();
+    for (std::int32_t g = 1; g <= groups.Count(); ++g) {
+        const std::int32_t m = groups.Item(g)->Maps().IndexOf(&map);
+        if (m > 0)
+            return {g, m};
+    }
+    return {};
+}
+
+std::shared_ptr<CMap> CMapHistory::MapAt(const CGame& game, Position position)
+{
+    const CVector<CMapGroup>& groups = game.MapGroups();
+    if (position.Group < 1 || position.Group > groups.Count())
+        return nullptr;
+    const CVector<CMap>& maps = groups.Item(position.Group)->Maps();
+    if (position.Map < 1 || position.Map > maps.Count())
+        return nullptr;
+    return maps.Item(position.Map);
+}
+
+std::shared_ptr<CMap> CMapHistory::MapBefore(const CGame& game, const CMap& map)
+{
+    const Position position = PositionOf(game, map);
+    if (!position.Valid())
+        return nullptr;
+    if (position.Map > 1)
+        return MapAt(game, {position.Group, position.Map - 1});
+    for (int g = position.Group - 1; g >= 1; --g) {
+        const CVector<CMap>& maps = game.MapGroups().Item(g)->Maps();
+        if (maps.Count() > 0)
+            return maps.Item(maps.Count());
+    }
+    return nullptr;
+}
+
+std::shared_ptr<CMap> CMapHistory::LastMap(const CGame& game)
+{
+    const CVector<CMapGroup>& groups = game.MapGroups();
+    for (int g = groups.Count(); g >= 1; --g) {
+        const CVector<CMap>& maps = groups.Item(g)->Maps();
+        if (maps.Count() > 0)
+            return maps.Item(maps.Count());
+    }
+    return nullptr;
+}
