@@ -94,13 +94,12 @@ void CReviewWindows::ShowFileComparison()
 void CReviewWindows::GameOpened()
 {
     const std::shared_ptr<CGame> game = Root().Game();
-    const QString path = game ? game->FilePath() : QString();
-    if (path == m_checkedPath || m_checkDue)
+    if (game == m_checkedGame.lock() || m_checkDue)
         return;
+    m_checkedGame = game;
     m_fileStatus->hide();
-    if (path.isEmpty())
+    if (!game || game->FilePath().isEmpty())
         return;
-    m_checkedPath = path;
     // After the open has finished and the window shows the game.
     m_checkDue = true;
     QTimer::singleShot(0, this, [this] {

@@ -5,7 +5,10 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 class CBoardReview;
+class CGame;
 class QLabel;
 class frmChanges;
 class mdiMain;
@@ -51,7 +54,9 @@ private:
     frmChanges* m_dock;
     QLabel* m_summary;
     QLabel* m_fileStatus;
-    QString m_checkedPath;
+    // The game last compared with a recent file: a failed open shows the
+    // same game again, which needs no second look.
+    std::weak_ptr<CGame> m_checkedGame;
     QString m_comparedFile;
     CGameComparison m_fileComparison;
     bool m_checkDue = false;
