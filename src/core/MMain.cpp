@@ -17,12 +17,8 @@ namespace MMain {
 bool SwitchContext(const std::shared_ptr<IGameContext>& context)
 {
     CKorvane& root = Root();
-    if (root.Context() && root.Context()->Id() != context->Id()) {
-        const std::shared_ptr<IGameContext> old = root.Context();
-        root.SetContext(nullptr);
-        root.EventMgr().NotifyOfNewContext(nullptr);
-        old->Deactivate();
-    }
+    if (root.Context() && root.Context()->Id() != context->Id())
+        DropContext();
     if (root.Context())
         return true;
 
@@ -39,6 +35,17 @@ bool SwitchContext(const std::shared_ptr<IGameContext>& context)
     }
     root.EventMgr().NotifyOfNewContext(nullptr);
     return true;
+}
+
+void DropContext()
+{
+    CKorvane& root = Root();
+    const std::shared_ptr<IGameContext> old = root.Context();
+    if (!old)
+        return;
+    root.SetContext(nullptr);
+    root.EventMgr().NotifyOfNewContext(nullptr);
+    old->Deactivate();
 }
 
 QString JoinArguments(const QStringList& arguments)

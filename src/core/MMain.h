@@ -29,6 +29,10 @@ void HandleCommandLine(const QString& commandLine);
 // user has been told why).
 bool SwitchContext(const std::shared_ptr<IGameContext>& context);
 
+// Removes the active context, announcing the change, as SwitchContext does
+// before it activates another. Nothing happens when no context is active.
+void DropContext();
+
 // Disposes and releases the root.
 void ShutdownApplication();
 

@@ -108,6 +108,8 @@ bool CPersistMgr::save(bool askForName)
     }
     game->SetDirty(0);
     Root().ActionMgr().Clear();
+    if (m_saved)
+        m_saved();
     return true;
 }
 

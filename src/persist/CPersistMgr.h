@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class CGame;
@@ -30,6 +31,11 @@ public:
     bool SaveCurrentGame();
     // Like SaveCurrentGame, always asking for the name.
     bool SaveCurrentGameAs();
+    // Called after every save that wrote the file, whichever command asked
+    // for it (the save question before a game is replaced or the program
+    // ends included), so that what follows a save is done in one place.
+    // One observer at a time; an empty function removes it.
+    void SetSavedObserver(std::function<void()> observer) { m_saved = std::move(observer); }
     // Asked before the current game is closed or replaced: offers to save a
     // modified game. True when the caller may go on.
     bool AbandonCurrentGame();
@@ -72,4 +78,5 @@ private:
     void refuseFile(const QString& fileName, const QString& reason) const;
 
     bool m_saving = false;
+    std::function<void()> m_saved;
 };

@@ -3,6 +3,8 @@
 #include "actions/CActionEditMapText.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
+#include "actions/CActionRemoveMap.h"
+#include "core/KorvaneError.h"
 #include "support/GameFixture.h"
 
 namespace {
@@ -81,6 +83,30 @@ TEST_F(MapActions, aNewMapGroupStartsFromACopyAndEmptiesTheHistory)
     EXPECT_EQ(events->Lines.mid(1),
               (QStringList{"GroupAdd(" + action->GroupId() + ")",
                            "GroupSwitch(" + group->Id() + "," + action->GroupId() + ")"}));
+}
+
+TEST_F(MapActions, aRemovedMapGivesWayToItsNeighbourEmptiesTheHistoryAndTheLastMapStays)
+{
+    fillBoard();
+    group->SwitchTo(first);
+    mgr().Execute(textEdit(QStringLiteral("before")));
+    events->Lines.clear();
+    auto remove = std::make_shared<CActionRemoveMap>();
+    remove->SetMapId(first->Id());
+    mgr().Execute(remove);
+    EXPECT_EQ(group->Maps().Count(), 1);
+    EXPECT_EQ(board(), second);
+    EXPECT_EQ(first->LockCount(), 0) << "the removed map gave up its lock";
+    EXPECT_EQ(mgr().Actions().Count(), 0);
+    EXPECT_EQ(game->Dirty(), 2);
+    EXPECT_EQ(events->Lines, (QStringList{"MapDelete(" + first->Id() + ")",
+                                          "MapSwitch(" + first->Id() + "," + second->Id() + ")"}));
+
+    auto last = std::make_shared<CActionRemoveMap>();
+    last->SetMapId(second->Id());
+    EXPECT_THROW(mgr().Execute(last), KorvaneError);
+    EXPECT_EQ(group->Maps().Count(), 1);
+    EXPECT_EQ(game->Dirty(), 2);
 }
 
 TEST_F(MapActions, twoTextEditsOfOneMapAreUndoneInOneStepAndAResetOfNoMarksIsNotRecorded)

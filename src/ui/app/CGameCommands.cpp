@@ -10,6 +10,7 @@
 #include "core/FMessageBox.h"
 #include "core/FNewGameDlg.h"
 #include "core/FProgressWin.h"
+#include "core/KorvaneError.h"
 #include "core/MMain.h"
 #include "model/CGame.h"
 #include "model/CGameEventMgr.h"
@@ -40,17 +41,18 @@ bool CGameCommands::NewGame()
     const std::int32_t position = root.ContextMgr().PosOfContext(dialog->SelectedGameId());
     if (position == 0)
         return false;
-    if (!MMain::SwitchContext(root.ContextMgr().Context(position)))
-        return false;
-    std::shared_ptr<CGame> game;
-    {
-        const CBusyScope busy(true);
-        if (busy.Window())
-            busy.Window()->UpdateStatus(QStringLiteral("Creating a new game..."), 0);
-        game = root.Context()->CreateDefaultGame();
-    }
-    ReplaceGame(std::move(game));
-    return true;
+    return replaceUnder(position, QStringLiteral("Creating a new game..."), [] {
+        const std::shared_ptr<IGameContext> context = Root().Context();
+        try {
+            return context->CreateDefaultGame();
+        } catch (const KorvaneError& failure) {
+            FMessageBox::Tell(QStringLiteral("The module '") + context->Caption() +
+                                  QStringLiteral("' cannot start a new game.\n\n") +
+                                  failure.Description(),
+                              FMessageBox::Icon::Exclamation);
+            return std::shared_ptr<CGame>();
+        }
+    });
 }
 
 bool CGameCommands::OpenGame()
@@ -83,35 +85,50 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     if (offerToSave && !root.PersistMgr().AbandonCurrentGame())
         return false;
 
-    // The open game keeps its context: when the file fails to load, that
-    // context comes back and the game is shown as it was.
+    if (!replaceUnder(position, QStringLiteral("Opening '") + fileName + QStringLiteral("'..."),
+                      [&root, &path]() -> std::shared_ptr<CGame> {
+                          root.SetGame(nullptr);
+                          return root.PersistMgr().LoadGameFromFile(path) ? root.Game() : nullptr;
+                      }))
+        return false;
+    CRecentFiles::Add(QFileInfo(path).absoluteFilePath());
+    return true;
+}
+
+bool CGameCommands::replaceUnder(std::int32_t position, const QString& status,
+                                 const std::function<std::shared_ptr<CGame>()>& make)
+{
+    CKorvane& root = Root();
     const std::shared_ptr<CGame> previousGame = root.Game();
     const std::shared_ptr<IGameContext> previousContext = root.Context();
-    bool loaded = false;
+    std::shared_ptr<CGame> game;
     {
         const CBusyScope busy(true);
         if (MMain::SwitchContext(root.ContextMgr().Context(position))) {
             if (busy.Window())
-                busy.Window()->UpdateStatus(
-                    QStringLiteral("Opening '") + fileName + QStringLiteral("'..."), 0);
-            root.SetGame(nullptr);
-            loaded = root.PersistMgr().LoadGameFromFile(path);
+                busy.Window()->UpdateStatus(status, 0);
+            game = make();
         }
     }
-    if (!loaded) {
-        root.SetGame(previousGame);
-        // Windows that followed the other module show the kept game again.
-        if (previousContext && root.Context() != previousContext) {
-            MMain::SwitchContext(previousContext);
-            root.EventMgr().NotifyOfNewGame(nullptr);
-        }
-        return false;
-    }
-    const std::shared_ptr<CGame> game = root.Game();
+    // The game of before is the current one until the new one is shown.
     root.SetGame(previousGame);
-    ReplaceGame(game);
-    CRecentFiles::Add(QFileInfo(path).absoluteFilePath());
-    return true;
+    if (game) {
+        ReplaceGame(std::move(game));
+        return true;
+    }
+    // Windows that followed the other module show the kept game again.
+    if (previousGame && root.Context() != previousContext) {
+        MMain::SwitchContext(previousContext);
+        root.EventMgr().NotifyOfNewGame(nullptr);
+    }
+    DropIdleModule();
+    return false;
+}
+
+void CGameCommands::DropIdleModule()
+{
+    if (!Root().Game())
+        MMain::DropContext();
 }
 
 void CGameCommands::ReplaceGame(std::shared_ptr<CGame> game)

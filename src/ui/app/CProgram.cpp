@@ -4,13 +4,16 @@
 #include "core/CKorvane.h"
 #include "core/FMessageBox.h"
 #include "core/MMain.h"
+#include "model/CGame.h"
 #include "persist/CRecoveryMgr.h"
+#include "ui/app/CGameCommands.h"
 #include "ui/app/CWidgetGui.h"
-#include "ui/dialogs/frmSplash.h"
 #include "ui/app/mdiMain.h"
+#include "ui/dialogs/frmSplash.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QFileInfo>
 
 CProgram::CProgram(QApplication& application) : m_application(application)
 {
@@ -52,18 +55,31 @@ mdiMain* CProgram::Start()
     splash.reset();
     QApplication::restoreOverrideCursor();
 
-    // Changes left by a Korvane that crashed come first; a game restored
-    // from them is not replaced by a file named on the command line.
+    // Changes left by a Korvane that crashed come first; a file named on
+    // the command line is opened after the question.
     m_recovery = std::make_unique<CRecoveryMgr>();
-    FMessageBox* messages = root->Gui() ? root->Gui()->Messages() : nullptr;
-    if (!messages || !m_recovery->OfferRecovery(*messages)) {
-        QStringList arguments = QApplication::arguments();
-        arguments.removeFirst();
-        MMain::HandleCommandLine(MMain::JoinArguments(arguments));
-    }
+    if (FMessageBox* messages = root->Gui() ? root->Gui()->Messages() : nullptr)
+        m_recovery->OfferRecovery(*messages);
+    QStringList arguments = QApplication::arguments();
+    arguments.removeFirst();
+    OpenAtStart(MMain::JoinArguments(arguments));
     m_recovery->Start();
     m_window->SetRecovery(m_recovery.get());
     return m_window;
+}
+
+void CProgram::OpenAtStart(const QString& commandLine)
+{
+    const std::shared_ptr<CGame> open = Root().Game();
+    if (!open) {
+        MMain::HandleCommandLine(commandLine);
+        CGameCommands::DropIdleModule();
+        return;
+    }
+    const QString path = MMain::ExtractFileArgument(commandLine.trimmed());
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    if (!path.isEmpty() && canonical != QFileInfo(open->FilePath()).canonicalFilePath())
+        CGameCommands::OpenFile(path);
 }
 
 int CProgram::Exec()

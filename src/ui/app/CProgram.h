@@ -2,6 +2,8 @@
 
 #include <memory>
 
+class QString;
+
 class CRecoveryMgr;
 class QApplication;
 class mdiMain;
@@ -25,6 +27,13 @@ public:
     int Exec();
 
     static int Run(QApplication& application);
+
+    // Opens the game file named on the command line (as the file manager
+    // does). With no game open it goes as the command line always does, and
+    // a refused file leaves no module active. Over a game already open (one
+    // restored from a recovery copy) it opens as File > Open would, asking
+    // first whether to save that game; that game's own file is already open.
+    static void OpenAtStart(const QString& commandLine);
 
 private:
     QApplication& m_application;

@@ -5,21 +5,20 @@
 #include "model/CGame.h"
 #include "persist/CPersistMgr.h"
 #include "persist/CRecoveryMgr.h"
-#include "ui/menus/CActionMenu.h"
 #include "ui/app/CCommandGuard.h"
-#include "ui/menus/CFileMenu.h"
 #include "ui/app/CGameCommands.h"
-#include "ui/menus/CGameMenu.h"
-#include "ui/menus/CHelpMenu.h"
-#include "ui/menus/CMenuHandler.h"
 #include "ui/app/CRecentFiles.h"
-#include "ui/menus/CToolsMenu.h"
-#include "ui/menus/CViewMenu.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/mdcBoard.h"
 #include "ui/docks/UMapTabs.h"
 #include "ui/docks/UTokenPalette.h"
 #include "ui/docks/frmMapText.h"
-#include "ui/board/mdcBoard.h"
-#include "ui/app/CReviewWindows.h"
+#include "ui/menus/CActionMenu.h"
+#include "ui/menus/CFileMenu.h"
+#include "ui/menus/CGameMenu.h"
+#include "ui/menus/CHelpMenu.h"
+#include "ui/menus/CToolsMenu.h"
+#include "ui/menus/CViewMenu.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -34,7 +33,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace {
 
@@ -64,16 +62,22 @@ mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
     m_review = new CReviewWindows(this);
 
     QMenuBar* bar = menuBar();
-    m_fileMenu = new CFileMenu(bar->addMenu(QString()), this);
+    m_fileMenu = new CFileMenu(bar->addMenu(QString()), m_board, this, m_review);
     m_actionMenu = new CActionMenu(bar->addMenu(QString()));
-    m_viewMenu = new CViewMenu(bar->addMenu(QString()), this);
+    m_viewMenu = new CViewMenu(bar->addMenu(QString()), m_board, m_mapText, m_review);
     m_gameMenu = new CGameMenu(bar->addMenu(QString()));
     m_toolsMenu = new CToolsMenu(bar->addMenu(QString()));
     m_helpMenu = new CHelpMenu(bar->addMenu(QString()));
     UpdateTitle();
+    if (CKorvane* root = RootOrNull())
+        root->PersistMgr().SetSavedObserver([this] { GameSaved(); });
 }
 
-mdiMain::~mdiMain() = default;
+mdiMain::~mdiMain()
+{
+    if (CKorvane* root = RootOrNull())
+        root->PersistMgr().SetSavedObserver({});
+}
 
 void mdiMain::Load()
 {
@@ -212,20 +216,6 @@ void mdiMain::rebuildTabs()
 {
     m_tabs->Rebuild();
     followModel();
-}
-
-void mdiMain::followModel()
-{
-    UpdateTitle();
-    if (m_menusDue)
-        return;
-    m_menusDue = true;
-    QTimer::singleShot(0, this, [this] {
-        m_menusDue = false;
-        for (CMenuHandler* menu : std::initializer_list<CMenuHandler*>{
-                 m_fileMenu, m_actionMenu, m_viewMenu, m_gameMenu, m_toolsMenu, m_helpMenu})
-            menu->RefreshNow();
-    });
 }
 
 void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)

@@ -21,8 +21,14 @@ class frmMapText;
 class mdcBoard;
 
 // The main window: menu bar, the map tabs over the board, the counter
-// palette on the left and the map text beside the board. It hears every
-// model change first and hands out its parts, which hear them after it.
+// palette on the left and the map text beside the board.
+//
+// How each part follows the model: the event hub tells this window of every
+// change first; it keeps its title and drives the map tabs and the palette,
+// which do not listen themselves. The hub then tells the board, the map text
+// and each menu handler (handed out below), which follow on their own. Every
+// save, whichever command made it, ends in GameSaved through the
+// persistence manager.
 class mdiMain : public QMainWindow, public FMainMdi
 {
     Q_OBJECT
@@ -45,9 +51,6 @@ public:
 
     // The autosave that GameSaved tells of a save; none by default.
     void SetRecovery(CRecoveryMgr* recovery) { m_recovery = recovery; }
-    // The game was written to its file: the title loses its change mark and
-    // the recovery copy goes.
-    void GameSaved();
     void UpdateTitle();
 
     IGameEventListener* BoardMdc() override;
@@ -89,13 +92,13 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    // The game was written to its file: it joins the recent games, the
+    // recovery copy goes and the title loses its change mark.
+    void GameSaved();
     void saveGeometry();
-    // The map tabs and the rest of followModel, after maps or groups changed.
+    // The map tabs and the title, after maps or groups changed.
     void rebuildTabs();
-    // The title, and soon after the menus' captions and enabled items: the
-    // shortcuts act on those, so they must not wait until a menu is opened.
-    // A burst of notifications refreshes the menus once.
-    void followModel();
+    void followModel() { UpdateTitle(); }
 
     mdcBoard* m_board;
     frmMapText* m_mapText;
@@ -112,5 +115,4 @@ private:
     // Whether the drag over the window carries a game file; checked once on
     // entering, not on every move.
     bool m_dragIsGame = false;
-    bool m_menusDue = false;
 };

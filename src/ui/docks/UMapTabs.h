@@ -6,7 +6,8 @@
 
 // One tab per map of the shown archive, captioned with the map's name, the
 // shown map's tab selected. Choosing a tab shows that map; a closed archive's
-// tabs and protected maps carry a lock.
+// tabs and protected maps carry a lock. It does not listen to the event hub:
+// the main window, which does, rebuilds it or moves its selection.
 class UMapTabs : public QTabBar
 {
     Q_OBJECT

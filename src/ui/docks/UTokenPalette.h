@@ -7,7 +7,8 @@ class QToolBox;
 
 // The active module's counters, one page per category, ready to be dragged
 // onto the board. A drag carries the token's id under the MIME type
-// "application/x-korvane-token".
+// "application/x-korvane-token". It does not listen to the event hub: the
+// main window, which does, rebuilds it when another module comes.
 class UTokenPalette : public QDockWidget
 {
     Q_OBJECT

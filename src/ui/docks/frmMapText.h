@@ -15,6 +15,9 @@ class QPlainTextEdit;
 // closes. So the text is committed before another map is shown, and before a
 // save. Alt hands the focus to the main window for its menu bar.
 // Position, size and docking are kept in the settings store ("frmMapText").
+// It follows the model by listening to the event hub itself: another map,
+// archive or game, or an edit or removal of the shown map, shows the text
+// of the map then shown.
 class frmMapText : public QDockWidget, public FMapTextWin
 {
     Q_OBJECT

@@ -17,11 +17,9 @@ public:
 
     explicit CActionMenu(QMenu* menu);
 
-    void NotifyOfNewContext() override { rebuildCustom(); }
-    void NotifyOfNewGame() override { rebuildCustom(); }
-
 protected:
     void Refresh() override;
+    void ModuleChanged() override { rebuildCustom(); }
 
 private:
     void rebuildCustom();

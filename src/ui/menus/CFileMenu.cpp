@@ -11,10 +11,9 @@
 #include "persist/CPersistMgr.h"
 #include "render/CMapExport.h"
 #include "ui/app/CGameCommands.h"
-#include "ui/board/CMapState.h"
 #include "ui/app/CRecentFiles.h"
+#include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
-#include "ui/app/mdiMain.h"
 #include "ui/app/CReviewWindows.h"
 #include "ui/board/CBoardReview.h"
 
@@ -26,8 +25,9 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
-CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuFile"), QStringLiteral("&File")), m_window(window)
+CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window, CReviewWindows* review)
+    : CMenuHandler(menu, QStringLiteral("mnuFile"), QStringLiteral("&File")), m_board(board),
+      m_window(window), m_review(review)
 {
     AddItem(QStringLiteral("mnuFileNewGame"), QStringLiteral("&New Game"), [] {
         CGameCommands::NewGame();
@@ -38,16 +38,11 @@ CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
     m_recent = menu->addMenu(QStringLiteral("Open &Recent"));
     m_recent->setObjectName(QStringLiteral("mnuFileRecent"));
     AddSeparator(QStringLiteral("mnuFileBar1"));
-    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), QStringLiteral("&Save Game"), [this] {
-        if (Root().PersistMgr().SaveCurrentGame())
-            m_window->GameSaved();
-    });
+    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), QStringLiteral("&Save Game"),
+                     [] { Root().PersistMgr().SaveCurrentGame(); });
     m_save->setShortcut(QKeySequence::Save);
-    m_saveAs =
-        AddItem(QStringLiteral("mnuFileSaveGameAs"), QStringLiteral("Save Game &As..."), [this] {
-            if (Root().PersistMgr().SaveCurrentGameAs())
-                m_window->GameSaved();
-        });
+    m_saveAs = AddItem(QStringLiteral("mnuFileSaveGameAs"), QStringLiteral("Save Game &As..."),
+                       [] { Root().PersistMgr().SaveCurrentGameAs(); });
     m_saveAs->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     AddSeparator(QStringLiteral("mnuFileBar4"));
     m_export = AddItem(QStringLiteral("mnuFileExport"), QStringLiteral("&Export Map Picture..."),
@@ -56,7 +51,7 @@ CFileMenu::CFileMenu(QMenu* menu, mdiMain* window)
     m_send = AddItem(QStringLiteral("mnuFileSend"), QStringLiteral("Sen&d to Opponent..."),
                      [this] { SendToOpponent(); });
     m_compareFile = AddItem(QStringLiteral("mnuFileCompareWithFile"), tr("Compare With &File..."),
-                            [this] { m_window->Review()->CompareWithFile(); });
+                            [this] { m_review->CompareWithFile(); });
     AddSeparator(QStringLiteral("mnuFileBar2"));
     m_print =
         AddItem(QStringLiteral("mnuFilePrint"), QStringLiteral("Print..."), [this] { Print(); });
@@ -112,7 +107,7 @@ void CFileMenu::Print()
 {
     if (!Root().Game())
         return;
-    const QImage picture = m_window->Board()->PaintToPbox();
+    const QImage picture = m_board->PaintToPbox();
     QPrinter printer(QPrinter::HighResolution);
     // Names the print job, and the file when printing to one.
     const std::shared_ptr<CMap> map = CMapState::ActiveMap();
@@ -138,7 +133,7 @@ void CFileMenu::ExportPicture()
     if (!map || !dialog || !Root().Context())
         return;
     double scale = 1.0;
-    const double zoom = m_window->Board()->Zoom();
+    const double zoom = m_board->Zoom();
     if (messages && qAbs(zoom - 1.0) > 0.001) {
         const auto answer = messages->Question(
             CKorvane::Name(),
@@ -161,7 +156,7 @@ void CFileMenu::ExportPicture()
                            dialog->SelExt().isEmpty() ? QStringLiteral("png") : dialog->SelExt());
     QString error;
     // With the changes shown the picture is the board's, overlay included.
-    const CBoardReview* review = m_window->Review()->Board();
+    const CBoardReview* review = m_review->Board();
     if (review->Shown()) {
         if (!review->Picture(scale).save(path, "PNG"))
             FMessageBox::Tell(QStringLiteral("The picture could not be saved."),
@@ -180,11 +175,9 @@ void CFileMenu::SendToOpponent()
         return;
     // The opponent gets what is on the board now: unsaved changes and a game
     // never saved are written first, and a cancelled save sends nothing.
-    if (game->Dirty() != 0 || game->FilePath().isEmpty()) {
-        if (!Root().PersistMgr().SaveCurrentGame())
-            return;
-        m_window->GameSaved();
-    }
+    if ((game->Dirty() != 0 || game->FilePath().isEmpty()) &&
+        !Root().PersistMgr().SaveCurrentGame())
+        return;
     const QString path = game->FilePath();
     CMailSender sender;
     switch (sender.Send(path, CMailSender::Subject(*game))) {

@@ -2,9 +2,11 @@
 
 #include "ui/menus/CMenuHandler.h"
 
+class CReviewWindows;
 class QAction;
 class QMenu;
-class mdiMain;
+class QWidget;
+class mdcBoard;
 
 // "&File": new, open, save, save as, print, the recent games and exit.
 class CFileMenu : public CMenuHandler
@@ -12,7 +14,9 @@ class CFileMenu : public CMenuHandler
     Q_OBJECT
 
 public:
-    CFileMenu(QMenu* menu, mdiMain* window);
+    // Prints and exports what board shows; Exit closes window, which also
+    // parents the print dialog. review compares with another file.
+    CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window, CReviewWindows* review);
 
     void Print();
     // The shown map as a PNG picture, at 100 % or at the board's zoom.
@@ -27,7 +31,9 @@ private:
     void fillRecent();
     void openRecent(const QString& path);
 
-    mdiMain* m_window;
+    mdcBoard* m_board;
+    QWidget* m_window;
+    CReviewWindows* m_review;
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
     QAction* m_print = nullptr;

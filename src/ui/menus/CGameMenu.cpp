@@ -2,10 +2,10 @@
 
 #include "actions/CActionEditGame.h"
 #include "actions/CActionEditMap.h"
-#include "actions/CActionHelper.h"
 #include "actions/CActionMgr.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
+#include "actions/CActionRemoveMap.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
 #include "core/FGamePropsDlg.h"
@@ -13,7 +13,6 @@
 #include "core/FMessageBox.h"
 #include "core/FNewMapDlg.h"
 #include "model/CGame.h"
-#include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "ui/board/CMapState.h"
@@ -116,17 +115,9 @@ void CGameMenu::removeMap()
                                         FMessageBox::Icon::Question,
                                         FMessageBox::Answer::No) != FMessageBox::Answer::Yes)
         return;
-    // Another map is shown first, so the removed one gives up its lock.
-    const std::int32_t position = group->Maps().IndexOf(map);
-    const std::shared_ptr<CMap> next =
-        group->Maps().Item(position < group->Maps().Count() ? position + 1 : position - 1);
-    group->SwitchTo(next);
-    group->Maps().RemoveItem(map);
-    Root().ActionMgr().Clear();
-    CActionHelper::AddDirty(1);
-    CGameEventMgr& events = Root().EventMgr();
-    events.NotifyOfMapDelete(map->Id(), nullptr);
-    events.NotifyOfMapSwitch(map->Id(), next->Id(), nullptr);
+    auto action = std::make_shared<CActionRemoveMap>();
+    action->SetMapId(map->Id());
+    Root().ActionMgr().Execute(action);
 }
 
 void CGameMenu::mapProperties()

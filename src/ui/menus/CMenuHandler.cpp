@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QTimer>
 
 CMenuHandler::CMenuHandler(QMenu* menu, const QString& name, const QString& caption)
     : QObject(menu), m_menu(menu)
@@ -18,6 +19,29 @@ CMenuHandler::CMenuHandler(QMenu* menu, const QString& name, const QString& capt
 void CMenuHandler::RefreshNow()
 {
     CCommandGuard::Run([this] { Refresh(); });
+}
+
+void CMenuHandler::refreshSoon()
+{
+    if (m_refreshDue)
+        return;
+    m_refreshDue = true;
+    QTimer::singleShot(0, this, [this] {
+        m_refreshDue = false;
+        RefreshNow();
+    });
+}
+
+void CMenuHandler::NotifyOfNewContext()
+{
+    ModuleChanged();
+    refreshSoon();
+}
+
+void CMenuHandler::NotifyOfNewGame()
+{
+    ModuleChanged();
+    refreshSoon();
 }
 
 QAction* CMenuHandler::AddItem(const QString& name, const QString& caption,

@@ -15,7 +15,14 @@ class QMenu;
 
 // A top-level menu of the main window and the object that answers it: it
 // writes its captions, refreshes them when the menu opens and turns clicks
-// into commands. It hears every model change and follows those it overrides.
+// into commands.
+//
+// How a menu follows the model: it listens to the event hub itself. Any
+// change refreshes its captions and enabled items soon after (once for a
+// burst of changes), so the shortcuts act on the state that is shown, not
+// on the state when the menu was last opened. The objects a menu works on
+// besides the root's services (the board, the map text window) are given
+// to its constructor.
 class CMenuHandler : public QObject, public IGameEventListener
 {
     Q_OBJECT
@@ -27,9 +34,28 @@ public:
     // Brings captions and enabled items up to date, as opening the menu does.
     void RefreshNow();
 
+    void NotifyOfArrowAdd(const QString&) final { refreshSoon(); }
+    void NotifyOfArrowDelete(const QString&) final { refreshSoon(); }
+    void NotifyOfArrowEdit(const QString&) final { refreshSoon(); }
+    void NotifyOfGameEdit() final { refreshSoon(); }
+    void NotifyOfGroupAdd(const QString&) final { refreshSoon(); }
+    void NotifyOfGroupDelete(const QString&) final { refreshSoon(); }
+    void NotifyOfGroupSwitch(const QString&, const QString&) final { refreshSoon(); }
+    void NotifyOfMapAdd(const QString&) final { refreshSoon(); }
+    void NotifyOfMapDelete(const QString&) final { refreshSoon(); }
+    void NotifyOfMapEdit(const QString&) final { refreshSoon(); }
+    void NotifyOfMapSwitch(const QString&, const QString&) final { refreshSoon(); }
+    void NotifyOfNewContext() final;
+    void NotifyOfNewGame() final;
+    void NotifyOfUnitAdd(const QString&) final { refreshSoon(); }
+    void NotifyOfUnitDelete(const QString&) final { refreshSoon(); }
+    void NotifyOfUnitEdit(const QString&) final { refreshSoon(); }
+
 protected:
-    // Called each time the menu is about to open.
+    // Called each time the menu is about to open, and soon after a change.
     virtual void Refresh() {}
+    // Called at once when another module or game comes.
+    virtual void ModuleChanged() {}
 
     // Appends an item named name (its object name, so tests find it) that
     // runs onClick; a failure inside the command is reported, not thrown into
@@ -77,5 +103,8 @@ protected:
     static void SetCaption(QAction* item, const QString& caption);
 
 private:
+    void refreshSoon();
+
     QMenu* m_menu;
+    bool m_refreshDue = false;
 };

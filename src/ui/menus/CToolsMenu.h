@@ -16,11 +16,9 @@ public:
 
     explicit CToolsMenu(QMenu* menu);
 
-    void NotifyOfNewContext() override { rebuildCustom(); }
-    void NotifyOfNewGame() override { rebuildCustom(); }
-
 protected:
     void Refresh() override;
+    void ModuleChanged() override { rebuildCustom(); }
 
 private:
     void installModule();

@@ -7,34 +7,35 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "ui/board/CMapState.h"
-#include "ui/docks/frmMapText.h"
 #include "ui/board/mdcBoard.h"
-#include "ui/app/mdiMain.h"
+#include "ui/docks/frmMapText.h"
 #include "ui/app/CReviewWindows.h"
 #include "ui/board/CBoardReview.h"
 
 #include <QAction>
 #include <QMenu>
 
-CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
-    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_window(window)
+CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText,
+                     CReviewWindows* review)
+    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_board(board),
+      m_mapText(mapText), m_review(review)
 {
     AddItem(QStringLiteral("mnuViewMapText"), QStringLiteral("&Map Text"),
-            [this] { m_window->MapText()->Show(); });
+            [this] { m_mapText->Show(); });
     AddSeparator(QStringLiteral("mnuViewBar1"));
     m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), QStringLiteral("&Full Screen..."),
                            [this] { fullScreen(); });
     m_fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
     AddSeparator(QStringLiteral("mnuViewBar2"));
     m_showChanges = AddItem(QStringLiteral("mnuViewShowChanges"), tr("Show &Changes"), [this] {
-        m_window->Review()->ShowChanges(m_showChanges->isChecked());
+        m_review->ShowChanges(m_showChanges->isChecked());
     });
     m_showChanges->setCheckable(true);
     m_showChanges->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
     m_compareWith = AddItem(QStringLiteral("mnuViewCompareWith"), tr("Compare &With..."),
-                            [this] { m_window->Review()->ChooseBase(); });
+                            [this] { m_review->ChooseBase(); });
     m_replay = AddItem(QStringLiteral("mnuViewReplay"), tr("&Replay Changes"),
-                       [this] { m_window->Review()->Replay(); });
+                       [this] { m_review->Replay(); });
     m_replay->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
     AddSeparator(QStringLiteral("mnuViewBarReview"));
 
@@ -55,16 +56,16 @@ CViewMenu::CViewMenu(QMenu* menu, mdiMain* window)
 
     AddSeparator(QStringLiteral("mnuViewBar3"));
     AddItem(QStringLiteral("mnuViewZoomIn"), QStringLiteral("Zoom &In"), [this] {
-        m_window->Board()->ZoomIn();
+        m_board->ZoomIn();
     })->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     AddItem(QStringLiteral("mnuViewZoomOut"), QStringLiteral("Zoom &Out"), [this] {
-        m_window->Board()->ZoomOut();
+        m_board->ZoomOut();
     })->setShortcut(QKeySequence::ZoomOut);
     AddItem(QStringLiteral("mnuViewZoomReset"), QStringLiteral("&Actual Size"), [this] {
-        m_window->Board()->ZoomReset();
+        m_board->ZoomReset();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
     AddItem(QStringLiteral("mnuViewZoomFit"), QStringLiteral("Fit to &Window"),
-            [this] { m_window->Board()->ZoomFit(); });
+            [this] { m_board->ZoomFit(); });
 
     AddSeparator(QStringLiteral("mnuViewBar4"));
     AddItem(QStringLiteral("mnuViewPreviousMap"), QStringLiteral("&Previous Map"), [this] {
@@ -98,7 +99,7 @@ void CViewMenu::Refresh()
     const std::shared_ptr<CGame>& game = Root().Game();
     const std::int32_t groups = game ? game->MapGroups().Count() : 0;
     m_fullScreen->setEnabled(game != nullptr);
-    const CBoardReview* review = m_window->Review()->Board();
+    const CBoardReview* review = m_review->Board();
     m_showChanges->setChecked(review->Shown());
     m_showChanges->setEnabled(review->Shown() || review->Available());
     m_compareWith->setEnabled(game && game->GetMapCount() > 1);
@@ -124,7 +125,7 @@ void CViewMenu::fullScreen()
     CGui* gui = Root().Gui();
     FFullScreenDlg* dialog = gui ? gui->FullScreenDlg() : nullptr;
     if (dialog && Root().Game())
-        dialog->Display(m_window->Board()->PaintToPbox());
+        dialog->Display(m_board->PaintToPbox());
 }
 
 void CViewMenu::switchToGroup(int number)

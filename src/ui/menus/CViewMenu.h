@@ -4,8 +4,10 @@
 
 #include <array>
 
+class CReviewWindows;
 class QAction;
-class mdiMain;
+class frmMapText;
+class mdcBoard;
 
 // "&View": the map text window, the full-screen view, the archives of the
 // game, zoom and stepping through the maps of the shown archive.
@@ -16,7 +18,9 @@ class CViewMenu : public CMenuHandler
 public:
     static constexpr int ArchiveCount = 9;
 
-    CViewMenu(QMenu* menu, mdiMain* window);
+    // Zooms board and shows its picture full screen; Map Text shows mapText;
+    // the changes since another map are review's.
+    CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText, CReviewWindows* review);
 
     // "&1.  'Turn 1'" or "&2.  'Turn 5'  to  'Turn 9'".
     static QString ArchiveCaption(int number, const QString& firstMap, const QString& lastMap,
@@ -30,7 +34,9 @@ private:
     void switchToGroup(int number);
     void stepMap(int step);
 
-    mdiMain* m_window;
+    mdcBoard* m_board;
+    frmMapText* m_mapText;
+    CReviewWindows* m_review;
     QMenu* m_archives;
     QAction* m_current;
     std::array<QAction*, ArchiveCount> m_groups{};
