@@ -12,6 +12,8 @@
 #include <QGraphicsScene>
 #include <QPen>
 
+#include <algorithm>
+
 namespace {
 
 const QColor lineColor(255, 160, 0, 220);
