@@ -18,6 +18,9 @@ frmChanges::frmChanges(CBoardReview* review, QWidget* parent)
     m_summary->setWordWrap(true);
     m_list = new QListWidget(body);
     m_list->setObjectName(QStringLiteral("lvwChanges"));
+    // A change reads as a sentence: long ones wrap instead of being cut.
+    m_list->setWordWrap(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     layout->addWidget(m_summary);
     layout->addWidget(m_list, 1);
     setWidget(body);
@@ -34,17 +37,22 @@ void frmChanges::fill()
 {
     m_list->clear();
     const bool shown = m_review && m_review->Shown();
-    m_summary->setText(shown && m_review->Available()
-                           ? m_review->Summary()
-                           : tr("Turn on View > Show Changes to list what changed since the "
-                                "map before."));
-    if (!shown)
+    if (!shown) {
+        m_summary->setText(
+            tr("Turn on View > Show Changes to list what changed since the map before."));
         return;
+    }
+    if (!m_review->Available()) {
+        m_summary->setText(tr("This is the game's first map: there is no map before it."));
+        return;
+    }
+    m_summary->setText(m_review->Summary());
     const CMapComparison& comparison = m_review->Comparison();
     int index = 0;
     for (const CMapChange& change : comparison.Changes) {
         auto* item = new QListWidgetItem(change.Words(), m_list);
         item->setData(Qt::UserRole, index++);
+        item->setToolTip(change.Words());
     }
     // The name and text lines come after the changes and lead nowhere.
     const QStringList lines = comparison.Lines();
