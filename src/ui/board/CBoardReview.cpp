@@ -7,6 +7,7 @@
 #include "render/CBoardRenderer.h"
 #include "review/CMapComparer.h"
 #include "review/CMapHistory.h"
+#include "ui/board/CBoardScene.h"
 #include "ui/board/CChangeReplay.h"
 #include "ui/board/CChangeUnits.h"
 #include "ui/board/CMapState.h"
@@ -49,8 +50,8 @@ CBoardReview::CBoardReview(mdcBoard* board)
     m_progress->setMargin(6);
     m_progress->setToolTip(tr("Space or Right: next change. Left: back. Escape: end."));
     m_progress->hide();
-    connect(board, &mdcBoard::Rebuilt, this, &CBoardReview::boardRebuilt);
-    connect(board, &mdcBoard::ModelFollowed, this, &CBoardReview::modelChanged);
+    connect(board->Scene(), &CBoardScene::Rebuilt, this, &CBoardReview::boardRebuilt);
+    connect(board->Scene(), &CBoardScene::ModelFollowed, this, &CBoardReview::modelChanged);
 }
 
 CBoardReview::~CBoardReview()
@@ -98,7 +99,8 @@ QString CBoardReview::Summary() const
 void CBoardReview::RefreshNow()
 {
     m_refreshDue = false;
-    const std::shared_ptr<CBoardRenderer> renderer = m_board ? m_board->Renderer() : nullptr;
+    const std::shared_ptr<const CBoardRenderer> renderer =
+        m_board ? m_board->Scene()->Renderer() : nullptr;
     m_comparison = m_shown ? compare(Base(), CMapState::ActiveMap()) : CMapComparison();
     if (m_shown && renderer && Base())
         m_overlay.Show(*m_board->scene(), renderer, m_comparison);
@@ -135,16 +137,17 @@ void CBoardReview::modelChanged()
 
 QPointF CBoardReview::PlaceOf(int index) const
 {
-    if (index < 0 || index >= static_cast<int>(m_comparison.Changes.size()) || !m_board ||
-        !m_board->Renderer())
+    const std::shared_ptr<const CBoardRenderer> renderer =
+        m_board ? m_board->Scene()->Renderer() : nullptr;
+    if (index < 0 || index >= static_cast<int>(m_comparison.Changes.size()) || !renderer)
         return QPointF();
     const CMapChange& change = m_comparison.Changes[static_cast<std::size_t>(index)];
     if (change.IsArrow())
         return QPointF(change.HasTo() ? change.ToHead : change.FromHead) +
-               m_board->Renderer()->ArrowOrigin();
+               renderer->ArrowOrigin();
     const std::shared_ptr<const CUnit> unit =
         change.HasTo() ? CChangeUnits::After(change) : CChangeUnits::Before(change);
-    return unit ? CChangeUnits::Centre(*m_board->Renderer(), *unit)
+    return unit ? CChangeUnits::Centre(*renderer, *unit)
                 : QPointF(change.HasTo() ? change.To : change.From);
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/CUnit.h"
 #include "review/CMapComparison.h"
+#include "ui/board/CBoardScene.h"
 #include "ui/board/CChangeUnits.h"
 #include "ui/board/CUnitGhostItem.h"
 #include "ui/board/CUnitItem.h"
@@ -22,7 +23,7 @@ CChangeReplay::CChangeReplay(mdcBoard& board, const CMapComparison& comparison, 
 {
     m_glide->setDuration(GlideMilliseconds);
     m_glide->setEasingCurve(QEasingCurve::InOutQuad);
-    const std::shared_ptr<CBoardRenderer> renderer = board.Renderer();
+    const std::shared_ptr<const CBoardRenderer> renderer = board.Scene()->Renderer();
     if (!renderer)
         return;
     m_layer = new CBoardLayer(replayLayer);
