@@ -143,8 +143,7 @@ QPointF CBoardReview::PlaceOf(int index) const
         return QPointF();
     const CMapChange& change = m_comparison.Changes[static_cast<std::size_t>(index)];
     if (change.IsArrow())
-        return QPointF(change.HasTo() ? change.ToHead : change.FromHead) +
-               renderer->ArrowOrigin();
+        return QPointF(change.HasTo() ? change.ToHead : change.FromHead) + renderer->ArrowOrigin();
     const std::shared_ptr<const CUnit> unit =
         change.HasTo() ? CChangeUnits::After(change) : CChangeUnits::Before(change);
     return unit ? CChangeUnits::Centre(*renderer, *unit)
