@@ -12,9 +12,9 @@ QJsonArray pointJson(const QPoint& point)
     return QJsonArray{point.x(), point.y()};
 }
 
-void appendLines(QString& text, const CMapComparison& result)
+void appendLines(QString& text, const CMapComparison& result, bool withName)
 {
-    for (const QString& line : result.Lines())
+    for (const QString& line : result.Lines(withName))
         text += QStringLiteral("  ") + line + QLatin1Char('\n');
 }
 
@@ -38,7 +38,7 @@ QString CDiffReport::MapText(const QString& from, const QString& to, const CMapC
 {
     QString text = from + QStringLiteral(" → ") + to + QStringLiteral(": ") + result.Summary() +
                    QLatin1Char('\n');
-    appendLines(text, result);
+    appendLines(text, result, false);
     return text;
 }
 
@@ -89,7 +89,7 @@ QString CDiffReport::GameText(const QString& olderFile, const QString& newerFile
             ++both;
             text +=
                 QStringLiteral("changed (") + entry.Comparison.Summary() + QStringLiteral(")\n");
-            appendLines(text, entry.Comparison);
+            appendLines(text, entry.Comparison, true);
             break;
         case Status::Added:
             text += QStringLiteral("only in ") + newerFile + QLatin1Char('\n');
@@ -100,12 +100,17 @@ QString CDiffReport::GameText(const QString& olderFile, const QString& newerFile
         }
     }
     const int changed = result.ChangedCount();
-    if (changed == 0)
+    if (both == 0)
+        text += QStringLiteral("The files hold no map in common.\n");
+    else if (changed == 0 && both == 1)
+        text += QStringLiteral("The map both files hold is the same.\n");
+    else if (changed == 0)
         text += QStringLiteral("The %1 maps both files hold are the same.\n").arg(both);
     else
-        text += QStringLiteral("%1 of the %2 maps both files hold differ from %3.\n")
+        text += QStringLiteral("%1 of the %2 maps both files hold %3 from %4.\n")
                     .arg(changed)
                     .arg(both)
+                    .arg(changed == 1 ? QStringLiteral("differs") : QStringLiteral("differ"))
                     .arg(olderFile);
     return text;
 }

@@ -96,7 +96,7 @@ QString CMapChange::Words() const
                 .arg(From.y())
                 .arg(To.x())
                 .arg(To.y())
-                .arg(NameAfter());
+                .arg(oneLine(CaptionAfter));
         return tr("%1 moved from (%2, %3) to (%4, %5)")
             .arg(NameBefore())
             .arg(From.x())

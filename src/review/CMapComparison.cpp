@@ -34,22 +34,20 @@ QString CMapComparison::Summary() const
     addCount(parts, Count.ArrowsMoved, "1 arrow moved", "%1 arrows moved");
     addCount(parts, Count.ArrowsAdded, "1 arrow added", "%1 arrows added");
     addCount(parts, Count.ArrowsRemoved, "1 arrow removed", "%1 arrows removed");
-    if (NameChanged)
-        parts << tr("name changed");
     if (TextChanged)
         parts << tr("text changed");
     if (parts.isEmpty())
-        return tr("No changes");
+        return NameChanged ? tr("name changed") : tr("No changes");
     return parts.join(tr(", "));
 }
 
-QStringList CMapComparison::Lines() const
+QStringList CMapComparison::Lines(bool withName) const
 {
     QStringList lines;
     lines.reserve(static_cast<qsizetype>(Changes.size()) + 2);
     for (const CMapChange& change : Changes)
         lines << change.Words();
-    if (NameChanged)
+    if (withName && NameChanged)
         lines << tr("Map name changed from \"%1\" to \"%2\"").arg(NameBefore, NameAfter);
     if (TextChanged)
         lines << tr("Map text changed");

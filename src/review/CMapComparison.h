@@ -40,7 +40,10 @@ struct CMapComparison
     bool Same() const { return Count.Total() == 0 && !NameChanged && !TextChanged; }
     // "6 moved, 1 added, 2 removed, 3 changed" (parts that are zero left out,
     // arrows and text named after the units), or "No changes"; translated.
+    // Turns have names of their own, so a new name is named only when it is
+    // the sole difference.
     QString Summary() const;
-    // Every change in words, then the name and text changes when there are.
-    QStringList Lines() const;
+    // Every change in words, then the name (unless withName is false, as for
+    // two turns) and text changes when there are.
+    QStringList Lines(bool withName = true) const;
 };

@@ -42,8 +42,11 @@ struct CMapSnapshot
     std::vector<Arrow> Arrows;
 
     // Copies map. A map that is not locked is locked for the copy and
-    // released again, so a swapped-out map goes back to its swap file; the
-    // game's changed mark, undo history and notifications are not touched.
-    // Raises a KorvaneError when the swap file cannot be read.
+    // released again, as the program's own map switches do: a swapped-out
+    // map is read from its swap file and written back to it, and is swapped
+    // out again afterwards, so no extra map stays in memory. The game's
+    // changed mark, undo history and notifications are not touched. Raises a
+    // KorvaneError when the swap file cannot be read; should writing it back
+    // fail, the map simply stays in memory, unchanged.
     static CMapSnapshot Of(const std::shared_ptr<CMap>& map);
 };

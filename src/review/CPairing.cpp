@@ -124,7 +124,11 @@ private:
 
 double CPairing::Cost(const Item& a, const Item& b)
 {
-    return std::hypot(a.X - b.X, a.Y - b.Y) + std::hypot(a.HeadX - b.HeadX, a.HeadY - b.HeadY) +
+    // Coordinates are 32-bit whole numbers: their squares cannot overflow a
+    // double, so the plain root does (std::hypot is far slower).
+    const double dx = a.X - b.X, dy = a.Y - b.Y;
+    const double hx = a.HeadX - b.HeadX, hy = a.HeadY - b.HeadY;
+    return std::sqrt(dx * dx + dy * dy) + std::sqrt(hx * hx + hy * hy) +
            (a.Look == b.Look ? 0 : LookPenalty);
 }
 
@@ -157,6 +161,29 @@ std::vector<int> CPairing::Exact(const std::vector<Item>& older, const std::vect
     std::vector<std::size_t> match(m + 1, 0), way(m + 1, 0);
     std::vector<double> minimum(m + 1);
     std::vector<char> used(m + 1);
+    // The inner loop reads each cost n times: keep them, unless that would
+    // take much memory (a few items against very many).
+    constexpr std::size_t keptCosts = 4 * 1024 * 1024;
+    std::vector<double> costs;
+    if (n * m <= keptCosts) {
+        costs.resize(n * m);
+        for (std::size_t i = 0; i < n; ++i) {
+            for (std::size_t j = 0; j < m; ++j)
+                costs[i * m + j] = Cost(rows[i], columns[j]);
+        }
+    }
+    const auto cost = [&](std::size_t i, std::size_t j) {
+        return costs.empty() ? Cost(rows[i], columns[j]) : costs[i * m + j];
+    };
+    // Starting each row's potential at its cheapest cost keeps the
+    // potentials feasible and lets most rows of a turn of short moves find
+    // their partner in the first step.
+    for (std::size_t i = 1; i <= n; ++i) {
+        double cheapest = infinity;
+        for (std::size_t j = 1; j <= m; ++j)
+            cheapest = std::min(cheapest, cost(i - 1, j - 1));
+        u[i] = cheapest;
+    }
     for (std::size_t i = 1; i <= n; ++i) {
         match[0] = i;
         std::size_t j0 = 0;
@@ -170,7 +197,7 @@ std::vector<int> CPairing::Exact(const std::vector<Item>& older, const std::vect
             for (std::size_t j = 1; j <= m; ++j) {
                 if (used[j])
                     continue;
-                const double current = Cost(rows[i0 - 1], columns[j - 1]) - u[i0] - v[j];
+                const double current = cost(i0 - 1, j - 1) - u[i0] - v[j];
                 if (current < minimum[j]) {
                     minimum[j] = current;
                     way[j] = j0;
