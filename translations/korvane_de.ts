@@ -44,6 +44,21 @@
     </message>
 </context>
 <context>
+    <name>CBoardReview</name>
+    <message>
+        <source>Space or Right: next change. Left: back. Escape: end.</source>
+        <translation>Leertaste oder Rechts: nächste Änderung. Links: zurück. Escape: Ende.</translation>
+    </message>
+    <message>
+        <source>%1 → %2: %3</source>
+        <translation>%1 → %2: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>CCommandGuard</name>
     <message>
         <source>There is not enough memory to complete this command.</source>
@@ -59,6 +74,37 @@
     <message>
         <source>Module &apos;%1&apos; was loaded...</source>
         <translation>Modul „%1“ wurde geladen...</translation>
+    </message>
+</context>
+<context>
+    <name>CFileCheck</name>
+    <message>
+        <source>&apos;%1&apos; is not a game of this module.</source>
+        <translation>„%1“ ist kein Spiel dieses Moduls.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; could not be read.</source>
+        <translation>„%1“ konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; could not be read: %2</source>
+        <translation>„%1“ konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; holds another game; only files of the same game can be compared.</source>
+        <translation>„%1“ enthält ein anderes Spiel; nur Dateien desselben Spiels lassen sich vergleichen.</translation>
+    </message>
+    <message>
+        <source>Earlier maps unchanged since %1</source>
+        <translation>Frühere Karten seit %1 unverändert</translation>
+    </message>
+    <message>
+        <source>1 earlier map differs from %1</source>
+        <translation>1 frühere Karte weicht von %1 ab</translation>
+    </message>
+    <message>
+        <source>%1 earlier maps differ from %2</source>
+        <translation>%1 frühere Karten weichen von %2 ab</translation>
     </message>
 </context>
 <context>
@@ -153,6 +199,14 @@ Bei „Nein“ wird es in 100 % exportiert.</translation>
         <translation>Es konnte kein E-Mail-Programm gestartet werden. Hängen Sie die Spieldatei selbst an:
 
 %1</translation>
+    </message>
+    <message>
+        <source>Compare With &amp;File...</source>
+        <translation>Mit &amp;Datei vergleichen...</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved.</source>
+        <translation>Das Bild konnte nicht gespeichert werden.</translation>
     </message>
 </context>
 <context>
@@ -844,6 +898,13 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     </message>
 </context>
 <context>
+    <name>CReviewWindows</name>
+    <message>
+        <source>Show maps</source>
+        <translation>Karten zeigen</translation>
+    </message>
+</context>
+<context>
     <name>CStandardGame</name>
     <message>
         <source>The module file %1 has no usable module.def: %2</source>
@@ -1021,6 +1082,18 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
         <source>&amp;%1.  &apos;%2&apos;</source>
         <translation>&amp;%1.  „%2“</translation>
     </message>
+    <message>
+        <source>Show &amp;Changes</source>
+        <translation>Änderungen &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>Compare &amp;With...</source>
+        <translation>Vergleichen &amp;mit...</translation>
+    </message>
+    <message>
+        <source>&amp;Replay Changes</source>
+        <translation>Änderungen nach&amp;spielen</translation>
+    </message>
 </context>
 <context>
     <name>IAction</name>
@@ -1183,6 +1256,36 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     </message>
 </context>
 <context>
+    <name>frmChanges</name>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Turn on View &gt; Show Changes to list what changed since the map before.</source>
+        <translation>Schalten Sie Ansicht &gt; Änderungen zeigen ein, um aufzulisten, was sich seit der vorigen Karte geändert hat.</translation>
+    </message>
+    <message>
+        <source>This is the game&apos;s first map: there is no map before it.</source>
+        <translation>Dies ist die erste Karte des Spiels: Es gibt keine Karte davor.</translation>
+    </message>
+</context>
+<context>
+    <name>frmCompareWith</name>
+    <message>
+        <source>Compare With</source>
+        <translation>Vergleichen mit</translation>
+    </message>
+    <message>
+        <source>Show the changes since this map:</source>
+        <translation>Die Änderungen seit dieser Karte zeigen:</translation>
+    </message>
+    <message>
+        <source>Archive %1</source>
+        <translation>Archiv %1</translation>
+    </message>
+</context>
+<context>
     <name>frmEditNumUnit</name>
     <message>
         <source>Edit Value</source>
@@ -1210,6 +1313,45 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     <message>
         <source>&amp;Details:</source>
         <translation>&amp;Details:</translation>
+    </message>
+</context>
+<context>
+    <name>frmFileComparison</name>
+    <message>
+        <source>Compare With File</source>
+        <translation>Mit Datei vergleichen</translation>
+    </message>
+    <message>
+        <source>Map</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Compared</source>
+        <translation>Vergleich</translation>
+    </message>
+    <message>
+        <source>The open game compared with %1, map by map (archive and position).</source>
+        <translation>Das geöffnete Spiel im Vergleich mit %1, Karte für Karte (Archiv und Position).</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>gleich</translation>
+    </message>
+    <message>
+        <source>changed: %1</source>
+        <translation>geändert: %1</translation>
+    </message>
+    <message>
+        <source>only in the open game</source>
+        <translation>nur im geöffneten Spiel</translation>
+    </message>
+    <message>
+        <source>only in %1</source>
+        <translation>nur in %1</translation>
+    </message>
+    <message>
+        <source>Archive %1, map %2: %3</source>
+        <translation>Archiv %1, Karte %2: %3</translation>
     </message>
 </context>
 <context>

@@ -44,6 +44,21 @@
     </message>
 </context>
 <context>
+    <name>CBoardReview</name>
+    <message>
+        <source>Space or Right: next change. Left: back. Escape: end.</source>
+        <translation>Espace ou Droite : modification suivante. Gauche : retour. Échap : fin.</translation>
+    </message>
+    <message>
+        <source>%1 → %2: %3</source>
+        <translation>%1 → %2 : %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+</context>
+<context>
     <name>CCommandGuard</name>
     <message>
         <source>There is not enough memory to complete this command.</source>
@@ -59,6 +74,37 @@
     <message>
         <source>Module &apos;%1&apos; was loaded...</source>
         <translation>Module « %1 » chargé...</translation>
+    </message>
+</context>
+<context>
+    <name>CFileCheck</name>
+    <message>
+        <source>&apos;%1&apos; is not a game of this module.</source>
+        <translation>« %1 » n&apos;est pas une partie de ce module.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; could not be read.</source>
+        <translation>« %1 » n&apos;a pas pu être lu.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; could not be read: %2</source>
+        <translation>« %1 » n&apos;a pas pu être lu : %2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; holds another game; only files of the same game can be compared.</source>
+        <translation>« %1 » contient une autre partie ; seuls les fichiers d&apos;une même partie peuvent être comparés.</translation>
+    </message>
+    <message>
+        <source>Earlier maps unchanged since %1</source>
+        <translation>Cartes antérieures inchangées depuis %1</translation>
+    </message>
+    <message>
+        <source>1 earlier map differs from %1</source>
+        <translation>1 carte antérieure diffère de %1</translation>
+    </message>
+    <message>
+        <source>%1 earlier maps differ from %2</source>
+        <translation>%1 cartes antérieures diffèrent de %2</translation>
     </message>
 </context>
 <context>
@@ -153,6 +199,14 @@ Non l&apos;exporte à 100 %.</translation>
         <translation>Aucun programme de messagerie n&apos;a pu être lancé. Joignez vous-même le fichier de partie :
 
 %1</translation>
+    </message>
+    <message>
+        <source>Compare With &amp;File...</source>
+        <translation>&amp;Comparer avec un fichier...</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved.</source>
+        <translation>L&apos;image n&apos;a pas pu être enregistrée.</translation>
     </message>
 </context>
 <context>
@@ -844,6 +898,13 @@ Voulez-vous quand même enregistrer la partie ?</translation>
     </message>
 </context>
 <context>
+    <name>CReviewWindows</name>
+    <message>
+        <source>Show maps</source>
+        <translation>Afficher les cartes</translation>
+    </message>
+</context>
+<context>
     <name>CStandardGame</name>
     <message>
         <source>The module file %1 has no usable module.def: %2</source>
@@ -1021,6 +1082,18 @@ Voulez-vous quand même enregistrer la partie ?</translation>
         <source>&amp;%1.  &apos;%2&apos;</source>
         <translation>&amp;%1.  « %2 »</translation>
     </message>
+    <message>
+        <source>Show &amp;Changes</source>
+        <translation>Affic&amp;her les modifications</translation>
+    </message>
+    <message>
+        <source>Compare &amp;With...</source>
+        <translation>Compar&amp;er avec...</translation>
+    </message>
+    <message>
+        <source>&amp;Replay Changes</source>
+        <translation>Rejo&amp;uer les modifications</translation>
+    </message>
 </context>
 <context>
     <name>IAction</name>
@@ -1183,6 +1256,36 @@ Voulez-vous quand même enregistrer la partie ?</translation>
     </message>
 </context>
 <context>
+    <name>frmChanges</name>
+    <message>
+        <source>Changes</source>
+        <translation>Modifications</translation>
+    </message>
+    <message>
+        <source>Turn on View &gt; Show Changes to list what changed since the map before.</source>
+        <translation>Activez Affichage &gt; Afficher les modifications pour lister ce qui a changé depuis la carte précédente.</translation>
+    </message>
+    <message>
+        <source>This is the game&apos;s first map: there is no map before it.</source>
+        <translation>C&apos;est la première carte de la partie : aucune carte ne la précède.</translation>
+    </message>
+</context>
+<context>
+    <name>frmCompareWith</name>
+    <message>
+        <source>Compare With</source>
+        <translation>Comparer avec</translation>
+    </message>
+    <message>
+        <source>Show the changes since this map:</source>
+        <translation>Afficher les modifications depuis cette carte :</translation>
+    </message>
+    <message>
+        <source>Archive %1</source>
+        <translation>Archive %1</translation>
+    </message>
+</context>
+<context>
     <name>frmEditNumUnit</name>
     <message>
         <source>Edit Value</source>
@@ -1210,6 +1313,45 @@ Voulez-vous quand même enregistrer la partie ?</translation>
     <message>
         <source>&amp;Details:</source>
         <translation>&amp;Détails :</translation>
+    </message>
+</context>
+<context>
+    <name>frmFileComparison</name>
+    <message>
+        <source>Compare With File</source>
+        <translation>Comparer avec un fichier</translation>
+    </message>
+    <message>
+        <source>Map</source>
+        <translation>Carte</translation>
+    </message>
+    <message>
+        <source>Compared</source>
+        <translation>Comparaison</translation>
+    </message>
+    <message>
+        <source>The open game compared with %1, map by map (archive and position).</source>
+        <translation>La partie ouverte comparée à %1, carte par carte (archive et position).</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>identique</translation>
+    </message>
+    <message>
+        <source>changed: %1</source>
+        <translation>modifiée : %1</translation>
+    </message>
+    <message>
+        <source>only in the open game</source>
+        <translation>seulement dans la partie ouverte</translation>
+    </message>
+    <message>
+        <source>only in %1</source>
+        <translation>seulement dans %1</translation>
+    </message>
+    <message>
+        <source>Archive %1, map %2: %3</source>
+        <translation>Archive %1, carte %2 : %3</translation>
     </message>
 </context>
 <context>

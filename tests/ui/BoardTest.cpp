@@ -8,19 +8,24 @@
 #include "render/CBoardRenderer.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
+#include "ui/board/CBoardDrag.h"
+#include "ui/board/CBoardScene.h"
 #include "ui/board/CBoardZoom.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/CUnitItem.h"
-#include "ui/docks/UTokenPalette.h"
 #include "ui/board/arcArrows.h"
 #include "ui/board/mdcBoard.h"
+#include "ui/docks/UTokenPalette.h"
 
 #include <QApplication>
+#include <QFocusEvent>
+#include <QGraphicsRectItem>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
 
+#include <functional>
 #include <tuple>
 #include <utility>
 
@@ -216,6 +221,78 @@ TEST_F(BoardTest, HitTestPicksTheEarliestUnitAndFrozenMapsRefuseSilently)
     EXPECT_EQ(map()->Units()->Count(), units);
     EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
     EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
+}
+
+// However a drag ends without a drop (Escape, another button, the board
+// losing focus, the map rebuilt, the unit taken away), the unit goes back,
+// nothing is recorded and the next drag starts afresh.
+TEST_F(BoardTest, EveryWayOutOfADragPutsTheUnitBackAndRecordsNothing)
+{
+    const auto unit = stack(QPoint(300, 200), 3);
+    const std::int32_t undoPos = Root().ActionMgr().UndoPos();
+    const auto grab = [this] {
+        mouse(QEvent::MouseButtonPress, QPoint(300, 200));
+        mouse(QEvent::MouseMove, QPoint(400, 300), Qt::LeftButton);
+        ASSERT_EQ(board->Drag()->Current(), CBoardDrag::State::DraggingUnit);
+        ASSERT_EQ(board->ItemFor(last()->Id())->pos(), QPointF(380, 280));
+    };
+    QFocusEvent focusLost(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    const std::function<void()> ways[] = {
+        [this] { QTest::keyClick(board, Qt::Key_Escape); },
+        [this] { mouse(QEvent::MouseButtonPress, QPoint(400, 300), Qt::RightButton); },
+        [this, &focusLost] { QApplication::sendEvent(board, &focusLost); },
+        [this] { board->NotifyOfNewContext(); },
+    };
+    for (const auto& way : ways) {
+        grab();
+        way();
+        EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
+        EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
+        EXPECT_EQ(board->ItemFor(unit->Id())->pos(), QPointF(280, 180));
+        mouse(QEvent::MouseButtonRelease, QPoint(400, 300));
+        EXPECT_EQ(placeOf(*unit), QPoint(280, 180));
+        EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+        EXPECT_EQ(gui->Popup.ShowCount, 0);
+    }
+    // The dragged stack deleted under the pointer: the drag lets go of it.
+    grab();
+    auto removal = std::make_shared<CActionDeleteUnit>();
+    removal->SetMapId(map()->Id());
+    removal->SetUnit(unit);
+    Root().ActionMgr().Execute(removal);
+    EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
+    EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
+    mouse(QEvent::MouseButtonRelease, QPoint(400, 300));
+    EXPECT_EQ(units(), 0);
+
+    // Escape also ends scrolling the map with Ctrl and the mouse.
+    mouse(QEvent::MouseButtonPress, QPoint(300, 200), Qt::LeftButton, Qt::ControlModifier);
+    ASSERT_EQ(board->Drag()->Current(), CBoardDrag::State::ScrollingMap);
+    QTest::keyClick(board, Qt::Key_Escape);
+    EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorNormal);
+}
+
+// What other features draw over the board stays through rebuilds and is part
+// of the printed picture; a unit shown elsewhere goes back on a rebuild.
+TEST_F(BoardTest, OverlayLayerOutlivesRebuildsAndIsPrinted)
+{
+    const auto unit = stack(QPoint(300, 200), 3);
+    CBoardScene* scene = board->Scene();
+    auto* mark = new QGraphicsRectItem(QRectF(500, 400, 30, 20), scene->OverlayLayer());
+    mark->setBrush(QColor(1, 2, 3));
+    mark->setPen(Qt::NoPen);
+    scene->ShowUnitAt(unit->Id(), QPoint(600, 100));
+    EXPECT_EQ(board->HitTest(620, 120), unit);
+    board->NotifyOfMapSwitch(QString(), map()->Id());
+    EXPECT_EQ(mark->scene(), scene);
+    EXPECT_EQ(board->ItemFor(unit->Id())->pos(), QPointF(280, 180));
+    EXPECT_EQ(board->HitTest(620, 120), nullptr);
+    const QImage printed = board->PaintToPbox();
+    EXPECT_EQ(printed.pixelColor(510, 410), QColor(1, 2, 3));
+    EXPECT_NE(printed.pixelColor(540, 410), QColor(1, 2, 3));
+    delete mark;
+    EXPECT_NE(board->PaintToPbox().pixelColor(510, 410), QColor(1, 2, 3));
 }
 
 TEST_F(BoardTest, UpdateLockRebuildsOnceWhenTheOutermostLevelIsReleased)
