@@ -255,7 +255,7 @@ Bei „Nein“ wird es in 100 % exportiert.</translation>
     </message>
     <message>
         <source>it is not a Korvane game file</source>
-        <translation>sie ist keine Korvane-Spieldatei</translation>
+        <translation>die Datei ist keine Korvane-Spieldatei</translation>
     </message>
     <message>
         <source>the file ends inside its header</source>
@@ -267,7 +267,7 @@ Bei „Nein“ wird es in 100 % exportiert.</translation>
     </message>
     <message>
         <source>its compressed body is damaged</source>
-        <translation>ihre komprimierten Daten sind beschädigt</translation>
+        <translation>die komprimierten Daten sind beschädigt</translation>
     </message>
 </context>
 <context>
@@ -375,11 +375,11 @@ Möchten Sie fortfahren?</translation>
     </message>
     <message>
         <source>it is empty or too large</source>
-        <translation>sie ist leer oder zu groß</translation>
+        <translation>die Datei ist leer oder zu groß</translation>
     </message>
     <message>
         <source>it was written for the game module &quot;%1&quot;, which is no longer active</source>
-        <translation>sie wurde für das Modul „%1“ geschrieben, das nicht mehr aktiv ist</translation>
+        <translation>die Datei wurde für das Modul „%1“ geschrieben, das nicht mehr aktiv ist</translation>
     </message>
     <message>
         <source>a unit names the counter number %1 of %2</source>
@@ -705,11 +705,11 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     </message>
     <message>
         <source>it is too large to be a Korvane game file</source>
-        <translation>sie ist zu groß für eine Korvane-Spieldatei</translation>
+        <translation>die Datei ist zu groß für eine Korvane-Spieldatei</translation>
     </message>
     <message>
         <source>it was saved with the game module &apos;%1&apos;, which is not the active one</source>
-        <translation>sie wurde mit dem Modul „%1“ gespeichert, das nicht das aktive ist</translation>
+        <translation>die Datei wurde mit dem Modul „%1“ gespeichert, das nicht das aktive ist</translation>
     </message>
     <message>
         <source>File &apos;%1&apos; is either invalid or you do not have the corresponding Module installed.</source>
@@ -890,7 +890,7 @@ Möchten Sie das Spiel trotzdem speichern?</translation>
     </message>
     <message>
         <source>it cannot be renamed into place</source>
-        <translation>sie kann nicht an ihren Platz umbenannt werden</translation>
+        <translation>die Datei kann nicht an ihren Platz umbenannt werden</translation>
     </message>
     <message>
         <source>Cannot copy %1 to %2</source>
