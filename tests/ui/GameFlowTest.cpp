@@ -40,12 +40,6 @@ protected:
     {
         return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
     }
-    QString saveAs(const QString& name)
-    {
-        gui->Save.Choose(home.File(QString()), name, QStringLiteral("krf"));
-        EXPECT_TRUE(Root().PersistMgr().SaveCurrentGameAs());
-        return home.File(name + QStringLiteral(".krf"));
-    }
     // A game file of the module whose body cannot be read.
     QString damagedFile(const QString& name) const
     {
@@ -75,7 +69,9 @@ TEST_F(GameFlow, ANewGameThatCannotBeMadeKeepsTheGameUnderItsOwnModule)
         EXPECT_TRUE(window->windowTitle().endsWith(QStringLiteral("* - Korvane")));
     }
     // Still saved as a game of its module, and opened again.
-    const QString path = saveAs(QStringLiteral("kept"));
+    gui->Save.Choose(home.File(QString()), QStringLiteral("kept"), QStringLiteral("krf"));
+    ASSERT_TRUE(Root().PersistMgr().SaveCurrentGameAs());
+    const QString path = home.File(QStringLiteral("kept.krf"));
     EXPECT_EQ(Root().PersistMgr().ContextIdFromFile(path), skirmish);
     EXPECT_TRUE(CGameCommands::OpenFile(path));
 }
@@ -133,31 +129,6 @@ TEST_F(GameFlow, ASaveFromTheSaveQuestionIsFollowedLikeFileSave)
     EXPECT_EQ(CRecentFiles::List().value(0), home.File(QStringLiteral("closing.krf")));
     window->SetRecovery(nullptr);
     recovery.Exit();
-}
-
-TEST_F(GameFlow, AFileNamedAfterARestoredGameOpensOnceThatGameIsOfferedForSaving)
-{
-    newGame();
-    const QString other = saveAs(QStringLiteral("other"));
-    // Stands for a game restored from a recovery copy: changed, with its file.
-    const QString restored = saveAs(QStringLiteral("restored"));
-    dropCounter();
-    const std::shared_ptr<CGame> game = Root().Game();
-
-    // Its own file is already open, with the changes.
-    CProgram::OpenAtStart(restored);
-    EXPECT_EQ(Root().Game(), game);
-    EXPECT_TRUE(gui->Boxes.Boxes.empty());
-
-    gui->Boxes.Answers = {FMessageBox::Answer::Cancel};
-    CProgram::OpenAtStart(QLatin1Char('"') + other + QStringLiteral("\" --ignored"));
-    EXPECT_EQ(Root().Game(), game);
-    ASSERT_EQ(gui->Boxes.Boxes.size(), 1u);
-    EXPECT_TRUE(gui->Boxes.Boxes[0].IsQuestion);
-    gui->Boxes.Answers = {FMessageBox::Answer::No};
-    CProgram::OpenAtStart(other);
-    ASSERT_NE(Root().Game(), game);
-    EXPECT_EQ(QFileInfo(Root().Game()->FilePath()), QFileInfo(other));
 }
 
 } // namespace

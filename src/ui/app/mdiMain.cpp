@@ -70,7 +70,7 @@ mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
     m_helpMenu = new CHelpMenu(bar->addMenu(QString()));
     UpdateTitle();
     if (CKorvane* root = RootOrNull())
-        root->PersistMgr().SetSavedObserver([this] { GameSaved(); });
+        root->PersistMgr().SetSavedObserver([this] { gameSaved(); });
 }
 
 mdiMain::~mdiMain()
@@ -144,7 +144,7 @@ void mdiMain::saveGeometry()
     Root().Config().SetRect(section, geometry());
 }
 
-void mdiMain::GameSaved()
+void mdiMain::gameSaved()
 {
     const std::shared_ptr<CGame> game = Root().Game();
     const QString path = game ? game->FilePath() : QString();

@@ -27,7 +27,7 @@ class mdcBoard;
 // change first; it keeps its title and drives the map tabs and the palette,
 // which do not listen themselves. The hub then tells the board, the map text
 // and each menu handler (handed out below), which follow on their own. Every
-// save, whichever command made it, ends in GameSaved through the
+// save, whichever command made it, ends in gameSaved through the
 // persistence manager.
 class mdiMain : public QMainWindow, public FMainMdi
 {
@@ -49,7 +49,7 @@ public:
     UTokenPalette* Palette() const { return m_palette; }
     CReviewWindows* Review() const { return m_review; }
 
-    // The autosave that GameSaved tells of a save; none by default.
+    // The autosave that gameSaved tells of a save; none by default.
     void SetRecovery(CRecoveryMgr* recovery) { m_recovery = recovery; }
     void UpdateTitle();
 
@@ -94,7 +94,7 @@ protected:
 private:
     // The game was written to its file: it joins the recent games, the
     // recovery copy goes and the title loses its change mark.
-    void GameSaved();
+    void gameSaved();
     void saveGeometry();
     // The map tabs and the title, after maps or groups changed.
     void rebuildTabs();
