@@ -4,8 +4,13 @@
 // drag step (the counter follows the pointer and the exposed region is
 // painted), and the process's resident memory. The baseline, in the same
 // run, draws the same map with the board renderer into a picture of the
-// view's size: what showing the map costs without a scene.
+// view's size: what showing the map costs without a scene. The same full
+// repaint and drag step are measured zoomed out and in (25 %, 50 %, 200 %,
+// 400 %), where most counters are in view or each is large. Those counters
+// are the process's CPU time (the painter's helper threads included), which
+// other work on a shared machine does not inflate as it does wall-clock time.
 #include "BenchSession.h"
+#include "ThreadCpuClock.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CArrow.h"
@@ -26,6 +31,7 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <string>
 
 namespace {
 
@@ -132,6 +138,13 @@ void send(QWidget* viewport, QEvent::Type type, QPoint at, Qt::MouseButtons held
     QCoreApplication::sendEvent(viewport, &event);
 }
 
+// To and fro across 200 pixels, 7 pixels a step: a quick hand.
+QPoint dragOffset(int step)
+{
+    const int offset = 7 * (step % 60 < 30 ? step % 30 : 30 - step % 30);
+    return QPoint(offset, offset / 2);
+}
+
 void BM_DragStep(benchmark::State& state)
 {
     Scene& shown = scene();
@@ -140,10 +153,7 @@ void BM_DragStep(benchmark::State& state)
     send(viewport, QEvent::MouseButtonPress, grip, Qt::LeftButton);
     int step = 0;
     for (auto _ : state) {
-        // To and fro across 200 pixels, 7 pixels a step: a quick hand.
-        const int offset = 7 * (step % 60 < 30 ? step % 30 : 30 - step % 30);
-        ++step;
-        send(viewport, QEvent::MouseMove, grip + QPoint(offset, offset / 2), Qt::LeftButton);
+        send(viewport, QEvent::MouseMove, grip + dragOffset(step++), Qt::LeftButton);
         // Paints what the move exposed, as the next frame would.
         QCoreApplication::processEvents();
     }
@@ -152,6 +162,70 @@ void BM_DragStep(benchmark::State& state)
     state.counters["rss_mb"] = residentMegabytes();
 }
 BENCHMARK(BM_DragStep)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+// The board at percent of full size, the first counter in the middle of the
+// view (or as near as the board's edge allows); returns where it is grabbed.
+QPoint zoomTo(mdcBoard& board, int percent)
+{
+    const double scale = percent / 100.0;
+    board.ZoomReset();
+    while (board.Zoom() > scale + 1e-9)
+        board.ZoomOut();
+    while (board.Zoom() < scale - 1e-9)
+        board.ZoomIn();
+    board.centerOn(QPointF(420, 420));
+    QCoreApplication::processEvents();
+    return board.mapFromScene(QPointF(420, 420));
+}
+
+// One full repaint of the view (as when the map scrolls by a page) or one
+// drag step (the exposed region painted) per iteration, with the board at
+// state.range(0) percent; the mean CPU time is the counter
+// zoom<percent>_paint_ms or zoom<percent>_drag_ms.
+void zoomed(benchmark::State& state, bool drag)
+{
+    Scene& shown = scene();
+    const int percent = static_cast<int>(state.range(0));
+    const QPoint grip = zoomTo(*shown.Board, percent);
+    QWidget* viewport = shown.Board->viewport();
+    if (drag)
+        send(viewport, QEvent::MouseButtonPress, grip, Qt::LeftButton);
+    ProcessCpuClock::duration spent{};
+    int step = 0;
+    for (auto _ : state) {
+        const auto t0 = ProcessCpuClock::now();
+        if (drag) {
+            send(viewport, QEvent::MouseMove, grip + dragOffset(step++), Qt::LeftButton);
+            QCoreApplication::processEvents();
+        } else {
+            viewport->repaint();
+        }
+        spent += ProcessCpuClock::now() - t0;
+    }
+    if (drag)
+        send(viewport, QEvent::MouseButtonRelease, QPoint(-50, -50), Qt::NoButton);
+    shown.Board->ZoomReset();
+    const std::string name = "zoom" + std::to_string(percent) + (drag ? "_drag_ms" : "_paint_ms");
+    state.counters[name] = Seconds(spent) / static_cast<double>(state.iterations()) * 1e3;
+    state.counters["rss_mb"] = residentMegabytes();
+}
+
+void zoomSteps(benchmark::internal::Benchmark* run)
+{
+    run->Arg(25)->Arg(50)->Arg(200)->Arg(400)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+}
+
+void BM_ZoomPaint(benchmark::State& state)
+{
+    zoomed(state, false);
+}
+BENCHMARK(BM_ZoomPaint)->Apply(zoomSteps);
+
+void BM_ZoomDrag(benchmark::State& state)
+{
+    zoomed(state, true);
+}
+BENCHMARK(BM_ZoomDrag)->Apply(zoomSteps);
 
 } // namespace
 

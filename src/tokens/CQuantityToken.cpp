@@ -5,6 +5,7 @@
 #include "actions/CActionEditUnit.h"
 #include "actions/CActionGroup.h"
 #include "actions/CActionHelper.h"
+#include "actions/CActionMoveUnit.h"
 #include "contexts/IGameContext.h"
 #include "core/CGui.h"
 #include "core/CKorvane.h"
@@ -115,36 +116,69 @@ void CQuantityToken::HandleRightClick(const std::shared_ptr<CUnit>& unit)
         FSplitUnitDlg* dialog = gui ? gui->SplitUnitDlg() : nullptr;
         if (!dialog || !dialog->Display(unit))
             return;
-        split(unit, q, dialog->Value());
+        split(unit, dialog->Value());
     } else if (key.startsWith(QLatin1String("SPLIT_"))) {
-        split(unit, q, CountOf(key.mid(6)));
+        split(unit, CountOf(key.mid(6)));
     }
 }
 
-void CQuantityToken::split(const std::shared_ptr<CUnit>& unit, std::int32_t q, std::int32_t n)
+CQuantityToken::SplitSteps CQuantityToken::SplitOff(const CUnit& unit, std::int32_t n,
+                                                    std::int32_t x, std::int32_t y)
 {
+    const std::int32_t q = CountOf(unit.Data());
     // At least one piece stays behind.
-    if (n < 1 || n >= q)
-        return;
-    const Place place = splitPlace(*unit, *this);
-
+    if (!dynamic_cast<const CQuantityToken*>(unit.Token().get()) || n < 1 || n >= q)
+        return {};
     auto added = std::make_shared<CActionAddUnit>();
     added->SetMapId(CurrentMapId());
     added->SetUnitId(CUtility::GenerateId());
-    added->SetTokenId(Id());
-    added->SetPosition(place.X, place.Y);
+    added->SetTokenId(unit.Token()->Id());
+    added->SetPosition(x, y);
 
     // The new stack shares the old one's moved mark: its pieces came along.
-    const QString count = QString::number(n);
-    auto newCount = EditOf(*unit, count, MultiplierPrefix() + count, unit->HasMoved());
+    auto newCount = CountEditOf(unit, n);
     newCount->SetUnitId(added->UnitId());
 
     auto group = std::make_shared<CActionGroup>();
-    group->SetCaption(QStringLiteral("Split Off ") + count);
-    group->AddAction(CountEditOf(*unit, q - n));
+    group->SetCaption(QStringLiteral("Split Off ") + QString::number(n));
+    group->AddAction(CountEditOf(unit, q - n));
     group->AddAction(added);
     group->AddAction(newCount);
-    Execute(std::move(group));
+    return {std::move(group), added->UnitId()};
+}
+
+void CQuantityToken::split(const std::shared_ptr<CUnit>& unit, std::int32_t n)
+{
+    const Place place = splitPlace(*unit, *this);
+    SplitSteps steps = SplitOff(*unit, n, place.X, place.Y);
+    if (steps.Group)
+        Execute(std::move(steps.Group));
+}
+
+QString CQuantityToken::TearOff(const std::shared_ptr<CUnit>& unit, std::int32_t amount,
+                                std::int32_t x, std::int32_t y)
+{
+    CTraceScope scope("TearOff", "CQuantityToken");
+    if (!unit || CurrentMapId().isEmpty())
+        return QString();
+    const IToken& token = *unit->Token();
+    const std::int32_t left = x - token.RegionLeft() - token.RegionWidth() / 2;
+    const std::int32_t top = y - token.RegionTop() - token.RegionHeight() / 2;
+    SplitSteps steps = SplitOff(*unit, amount, left, top);
+    if (!steps.Group)
+        return QString();
+    // The group ends with a move of the new stack, so that the drag that
+    // follows chains into it and one undo takes back tear-off and drag.
+    auto placed = std::make_shared<CActionMoveUnit>();
+    placed->SetMapId(CurrentMapId());
+    placed->SetUnitId(steps.NewUnitId);
+    placed->SetPosition(static_cast<float>(left), static_cast<float>(top));
+    placed->SetHasMoved(unit->HasMoved());
+    steps.Group->SetCaption(QStringLiteral("Tear Off ") + QString::number(amount));
+    steps.Group->SetAllowChain(true);
+    steps.Group->AddAction(placed);
+    Execute(steps.Group);
+    return steps.NewUnitId;
 }
 
 void CQuantityToken::HandleMoveOnto(const std::shared_ptr<CUnit>& unit,

@@ -8,19 +8,25 @@
 #include "render/CBoardRenderer.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
+#include "ui/board/CBoardDrag.h"
+#include "ui/board/CBoardScene.h"
 #include "ui/board/CBoardZoom.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/CUnitItem.h"
-#include "ui/docks/UTokenPalette.h"
 #include "ui/board/arcArrows.h"
 #include "ui/board/mdcBoard.h"
+#include "ui/docks/UTokenPalette.h"
 
 #include <QApplication>
+#include <QFocusEvent>
+#include <QGraphicsRectItem>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
 
+#include <algorithm>
+#include <functional>
 #include <tuple>
 #include <utility>
 
@@ -218,6 +224,78 @@ TEST_F(BoardTest, HitTestPicksTheEarliestUnitAndFrozenMapsRefuseSilently)
     EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
 }
 
+// However a drag ends without a drop (Escape, another button, the board
+// losing focus, the map rebuilt, the unit taken away), the unit goes back,
+// nothing is recorded and the next drag starts afresh.
+TEST_F(BoardTest, EveryWayOutOfADragPutsTheUnitBackAndRecordsNothing)
+{
+    const auto unit = stack(QPoint(300, 200), 3);
+    const std::int32_t undoPos = Root().ActionMgr().UndoPos();
+    const auto grab = [this] {
+        mouse(QEvent::MouseButtonPress, QPoint(300, 200));
+        mouse(QEvent::MouseMove, QPoint(400, 300), Qt::LeftButton);
+        ASSERT_EQ(board->Drag()->Current(), CBoardDrag::State::DraggingUnit);
+        ASSERT_EQ(board->ItemFor(last()->Id())->pos(), QPointF(380, 280));
+    };
+    QFocusEvent focusLost(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    const std::function<void()> ways[] = {
+        [this] { QTest::keyClick(board, Qt::Key_Escape); },
+        [this] { mouse(QEvent::MouseButtonPress, QPoint(400, 300), Qt::RightButton); },
+        [this, &focusLost] { QApplication::sendEvent(board, &focusLost); },
+        [this] { board->NotifyOfNewContext(); },
+    };
+    for (const auto& way : ways) {
+        grab();
+        way();
+        EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
+        EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
+        EXPECT_EQ(board->ItemFor(unit->Id())->pos(), QPointF(280, 180));
+        mouse(QEvent::MouseButtonRelease, QPoint(400, 300));
+        EXPECT_EQ(placeOf(*unit), QPoint(280, 180));
+        EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+        EXPECT_EQ(gui->Popup.ShowCount, 0);
+    }
+    // The dragged stack deleted under the pointer: the drag lets go of it.
+    grab();
+    auto removal = std::make_shared<CActionDeleteUnit>();
+    removal->SetMapId(map()->Id());
+    removal->SetUnit(unit);
+    Root().ActionMgr().Execute(removal);
+    EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
+    EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
+    mouse(QEvent::MouseButtonRelease, QPoint(400, 300));
+    EXPECT_EQ(units(), 0);
+
+    // Escape also ends scrolling the map with Ctrl and the mouse.
+    mouse(QEvent::MouseButtonPress, QPoint(300, 200), Qt::LeftButton, Qt::ControlModifier);
+    ASSERT_EQ(board->Drag()->Current(), CBoardDrag::State::ScrollingMap);
+    QTest::keyClick(board, Qt::Key_Escape);
+    EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
+    EXPECT_EQ(board->BoardCursor(), tBoardCursor::CursorNormal);
+}
+
+// What other features draw over the board stays through rebuilds and is part
+// of the printed picture; a unit shown elsewhere goes back on a rebuild.
+TEST_F(BoardTest, OverlayLayerOutlivesRebuildsAndIsPrinted)
+{
+    const auto unit = stack(QPoint(300, 200), 3);
+    CBoardScene* scene = board->Scene();
+    auto* mark = new QGraphicsRectItem(QRectF(500, 400, 30, 20), scene->OverlayLayer());
+    mark->setBrush(QColor(1, 2, 3));
+    mark->setPen(Qt::NoPen);
+    scene->ShowUnitAt(unit->Id(), QPoint(600, 100));
+    EXPECT_EQ(board->HitTest(620, 120), unit);
+    board->NotifyOfMapSwitch(QString(), map()->Id());
+    EXPECT_EQ(mark->scene(), scene);
+    EXPECT_EQ(board->ItemFor(unit->Id())->pos(), QPointF(280, 180));
+    EXPECT_EQ(board->HitTest(620, 120), nullptr);
+    const QImage printed = board->PaintToPbox();
+    EXPECT_EQ(printed.pixelColor(510, 410), QColor(1, 2, 3));
+    EXPECT_NE(printed.pixelColor(540, 410), QColor(1, 2, 3));
+    delete mark;
+    EXPECT_NE(board->PaintToPbox().pixelColor(510, 410), QColor(1, 2, 3));
+}
+
 TEST_F(BoardTest, UpdateLockRebuildsOnceWhenTheOutermostLevelIsReleased)
 {
     const auto unit = stack(QPoint(100, 100), 2);
@@ -339,6 +417,48 @@ TEST_F(BoardTest, GrabAtFullSizeMatchesTheRenderedMap)
     ASSERT_GT(common.width(), 400);
     ASSERT_GT(common.height(), 300);
     EXPECT_EQ(grabbed.copy(common), rendered.copy(common));
+}
+
+// Zoomed out or in, the view draws from reduced copies of the map and cached
+// counter pictures; they stand where the renderer puts them at that scale.
+TEST_F(BoardTest, ZoomedBoardShowsTheRenderedMapAtThatScale)
+{
+    for (int i = 0; i < 12; ++i)
+        stack(QPoint(93 + 61 * i, 101 + 37 * (i % 5)), i % 4 + 2);
+    dropFromPalette(QStringLiteral("move"), QPoint(250, 200));
+    for (const double scale : {0.25, 1.0 / 3, 0.5, 2.0}) {
+        SCOPED_TRACE(scale);
+        board->ZoomReset();
+        while (board->Zoom() > scale + 1e-9)
+            board->ZoomOut();
+        while (board->Zoom() < scale - 1e-9)
+            board->ZoomIn();
+        board->horizontalScrollBar()->setValue(0);
+        board->verticalScrollBar()->setValue(0);
+        const QImage full = CBoardRenderer(Root().Context()).RenderMap(*map(), scale);
+        const QRect common = QRect(0, 0, qRound(900 * scale), qRound(400 * scale)) & full.rect() &
+                             board->viewport()->rect();
+        // Filtering differs a little, mostly along thin lines of the map,
+        // and averaging pairs of pixels evens that out; a picture or label
+        // out of place by a pixel still differs a lot along its edges.
+        const auto smoothed = [&common](const QImage& image) {
+            return image.copy(common)
+                .convertToFormat(QImage::Format_RGB32)
+                .scaled(common.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        };
+        const QImage rendered = smoothed(full);
+        const QImage grabbed = smoothed(board->viewport()->grab().toImage());
+        int far = 0;
+        for (int y = 0; y < rendered.height(); ++y) {
+            for (int x = 0; x < rendered.width(); ++x) {
+                const QColor a = rendered.pixelColor(x, y);
+                const QColor b = grabbed.pixelColor(x, y);
+                far += std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                                 std::abs(a.blue() - b.blue())}) > 64;
+            }
+        }
+        EXPECT_LT(far, rendered.width() * rendered.height() / 1000) << far;
+    }
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "ui/app/CCommandGuard.h"
 #include "ui/app/CGameCommands.h"
 #include "ui/app/CRecentFiles.h"
+#include "ui/app/CReviewWindows.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/docks/UMapTabs.h"
 #include "ui/docks/UTokenPalette.h"
@@ -58,11 +59,12 @@ mdiMain::mdiMain(QWidget* parent) : QMainWindow(parent)
     m_mapText = new frmMapText(this);
     addDockWidget(Qt::RightDockWidgetArea, m_mapText);
     m_mapText->hide();
+    m_review = new CReviewWindows(this);
 
     QMenuBar* bar = menuBar();
-    m_fileMenu = new CFileMenu(bar->addMenu(QString()), m_board, this);
+    m_fileMenu = new CFileMenu(bar->addMenu(QString()), m_board, this, m_review);
     m_actionMenu = new CActionMenu(bar->addMenu(QString()));
-    m_viewMenu = new CViewMenu(bar->addMenu(QString()), m_board, m_mapText);
+    m_viewMenu = new CViewMenu(bar->addMenu(QString()), m_board, m_mapText, m_review);
     m_gameMenu = new CGameMenu(bar->addMenu(QString()));
     m_toolsMenu = new CToolsMenu(bar->addMenu(QString()));
     m_helpMenu = new CHelpMenu(bar->addMenu(QString()));
@@ -220,6 +222,12 @@ void mdiMain::NotifyOfMapSwitch(const QString&, const QString&)
 {
     m_tabs->SelectActive();
     followModel();
+}
+
+void mdiMain::NotifyOfNewGame()
+{
+    rebuildTabs();
+    m_review->GameOpened();
 }
 
 void mdiMain::NotifyOfNewContext()

@@ -11,6 +11,7 @@ class CFileMenu;
 class CGameMenu;
 class CHelpMenu;
 class CRecoveryMgr;
+class CReviewWindows;
 class CToolsMenu;
 class CViewMenu;
 class QMimeData;
@@ -46,6 +47,7 @@ public:
     frmMapText* MapText() const { return m_mapText; }
     UMapTabs* MapTabs() const { return m_tabs; }
     UTokenPalette* Palette() const { return m_palette; }
+    CReviewWindows* Review() const { return m_review; }
 
     // The autosave that gameSaved tells of a save; none by default.
     void SetRecovery(CRecoveryMgr* recovery) { m_recovery = recovery; }
@@ -72,7 +74,7 @@ public:
     void NotifyOfMapEdit(const QString&) override { rebuildTabs(); }
     void NotifyOfMapSwitch(const QString&, const QString&) override;
     void NotifyOfNewContext() override;
-    void NotifyOfNewGame() override { rebuildTabs(); }
+    void NotifyOfNewGame() override;
     void NotifyOfUnitAdd(const QString&) override { followModel(); }
     void NotifyOfUnitDelete(const QString&) override { followModel(); }
     void NotifyOfUnitEdit(const QString&) override { followModel(); }
@@ -108,6 +110,7 @@ private:
     CGameMenu* m_gameMenu;
     CToolsMenu* m_toolsMenu;
     CHelpMenu* m_helpMenu;
+    CReviewWindows* m_review;
     CRecoveryMgr* m_recovery = nullptr;
     // Whether the drag over the window carries a game file; checked once on
     // entering, not on every move.

@@ -5,6 +5,7 @@
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
+#include "model/CUnit.h"
 
 std::shared_ptr<CMapGroup> CMapState::ActiveGroup()
 {
@@ -16,6 +17,12 @@ std::shared_ptr<CMap> CMapState::ActiveMap()
 {
     const std::shared_ptr<CMapGroup> group = ActiveGroup();
     return group ? group->ActiveMap() : nullptr;
+}
+
+std::shared_ptr<CUnit> CMapState::ActiveUnit(const QString& unitId)
+{
+    const std::shared_ptr<CMap> map = ActiveMap();
+    return map && map->Units() ? map->UnitById(unitId) : nullptr;
 }
 
 bool CMapState::ActiveFrozen()

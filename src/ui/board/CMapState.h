@@ -5,6 +5,8 @@
 
 class CMap;
 class CMapGroup;
+class CUnit;
+class QString;
 
 // What the windows need to know about the shown map before letting the user
 // change it.
@@ -15,6 +17,8 @@ public:
     static std::shared_ptr<CMapGroup> ActiveGroup();
     // The active map of the active group, or null.
     static std::shared_ptr<CMap> ActiveMap();
+    // The unit with this id on the active map, or null.
+    static std::shared_ptr<CUnit> ActiveUnit(const QString& unitId);
     // True when the active group or its active map is closed to changes.
     static bool ActiveFrozen();
 

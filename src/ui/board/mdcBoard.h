@@ -7,27 +7,34 @@
 #include "ui/board/CBoardZoom.h"
 
 #include <QGraphicsView>
-#include <QHash>
 #include <QPoint>
 
 #include <cstdint>
 #include <memory>
 
-class CBoardRenderer;
+class CBoardDrag;
+class CBoardScene;
 class CDigitKeyWatcher;
-class CMapPictureItem;
 class CUnit;
 class CUnitItem;
-class IGameContext;
-class IToken;
-class QGraphicsRectItem;
-class QTimer;
 class arcArrows;
 
-// The board window: the active map of the active group, with one item per
-// unit and the arrow canvas over them. Mouse and keys become scrolling,
-// drags, drops and calls on the units' tokens; the model changes only through
-// the tokens' handlers and actions, and the board follows the notifications.
+// The board window: the active map of the active group, seen through a view
+// that zooms and scrolls. Three parts share the work:
+// - this view is the board's face to the rest of the program (FBoardMdc):
+//   zoom, scrolling, keys, the cursor and the hint on an empty board; it
+//   hands mouse input to the drag controller and drops from the palette too;
+// - CBoardScene holds the picture: map, unit items, arrow canvas, the layer
+//   for drawings over the board, the update lock, the hit test and the
+//   picture for print and export;
+// - CBoardDrag runs the gestures (unit and arrow-end drags, tear-off, map
+//   scrolling, hover) as one state machine with one way to cancel.
+//
+// Following the model: the main window registers this view with the game
+// event hub (CGameEventMgr). Every notification arrives here and is handed
+// to the scene, which brings one item in step or rebuilds; a new game also
+// takes the zoom that game had. The model changes only through the tokens'
+// handlers and actions, never from here.
 //
 // Every position the board hands to the model is a whole board pixel taken
 // from the scene, so hit tests and drops land on the same pixel at any zoom.
@@ -42,7 +49,10 @@ public:
     explicit mdcBoard(QWidget* parent = nullptr);
     ~mdcBoard() override;
 
-    std::int32_t UpdateLock() const override { return m_updateLock; }
+    CBoardScene* Scene() const { return m_scene; }
+    CBoardDrag* Drag() const { return m_drag; }
+
+    std::int32_t UpdateLock() const override;
     void SetUpdateLock(std::int32_t level) override;
     QImage PaintToPbox() override;
 
@@ -52,15 +62,15 @@ public:
     void ZoomFit();
     double Zoom() const { return m_zoom.Scale(); }
 
-    // The first unit of the shown map, in model order, whose token region
-    // holds the board pixel (edges included), skipping excludeId.
+    // The scene's hit test: the first unit of the shown map, in model order,
+    // whose token region holds the board pixel (edges included).
     std::shared_ptr<CUnit> HitTest(std::int32_t x, std::int32_t y,
                                    const QString& excludeId = QString()) const;
-    CUnitItem* ItemFor(const QString& unitId) const { return m_items.value(unitId); }
-    arcArrows* Arrows() const { return m_arrows; }
+    CUnitItem* ItemFor(const QString& unitId) const;
+    arcArrows* Arrows() const;
     tBoardCursor BoardCursor() const { return m_cursor; }
     // How many full rebuilds the board has made.
-    int Rebuilds() const { return m_rebuilds; }
+    int Rebuilds() const;
 
     // A drop of the palette's token at a board pixel; false when no palette
     // drag is under way, the pixel is off the map or the token is not the module's.
@@ -73,35 +83,17 @@ public:
     void ScrollLines(int dx, int dy) override;
     void ScrollPages(int dx, int dy) override;
 
-    void NotifyOfArrowAdd(const QString& id) override
-    {
-        follow("NotifyOfArrowAdd", &mdcBoard::syncArrow, id);
-    }
-    void NotifyOfArrowDelete(const QString& id) override
-    {
-        follow("NotifyOfArrowDelete", &mdcBoard::syncArrow, id);
-    }
-    void NotifyOfArrowEdit(const QString& id) override
-    {
-        follow("NotifyOfArrowEdit", &mdcBoard::syncArrow, id);
-    }
-    void NotifyOfGroupSwitch(const QString&, const QString&) override { rebuild(); }
+    void NotifyOfArrowAdd(const QString& id) override { followArrow("NotifyOfArrowAdd", id); }
+    void NotifyOfArrowDelete(const QString& id) override { followArrow("NotifyOfArrowDelete", id); }
+    void NotifyOfArrowEdit(const QString& id) override { followArrow("NotifyOfArrowEdit", id); }
+    void NotifyOfGroupSwitch(const QString&, const QString&) override;
     void NotifyOfMapEdit(const QString& mapId) override;
-    void NotifyOfMapSwitch(const QString&, const QString&) override { rebuild(); }
-    void NotifyOfNewContext() override { rebuild(); }
+    void NotifyOfMapSwitch(const QString&, const QString&) override;
+    void NotifyOfNewContext() override;
     void NotifyOfNewGame() override;
-    void NotifyOfUnitAdd(const QString& id) override
-    {
-        follow("NotifyOfUnitAdd", &mdcBoard::syncUnit, id);
-    }
-    void NotifyOfUnitDelete(const QString& id) override
-    {
-        follow("NotifyOfUnitDelete", &mdcBoard::syncUnit, id);
-    }
-    void NotifyOfUnitEdit(const QString& id) override
-    {
-        follow("NotifyOfUnitEdit", &mdcBoard::syncUnit, id);
-    }
+    void NotifyOfUnitAdd(const QString& id) override { followUnit("NotifyOfUnitAdd", id); }
+    void NotifyOfUnitDelete(const QString& id) override { followUnit("NotifyOfUnitDelete", id); }
+    void NotifyOfUnitEdit(const QString& id) override { followUnit("NotifyOfUnitEdit", id); }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -109,6 +101,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -118,66 +111,17 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // True (and the pending refresh marked) while the update lock holds.
-    bool deferred();
-    void rebuild();
-    void redrawBackground();
+    // Traces a model notification and hands it to the scene.
+    void followUnit(const char* method, const QString& id);
+    void followArrow(const char* method, const QString& id);
     // The words shown on the empty board while no game is open.
     static QString emptyHint();
-    void rebuildUnits();
-    void rebuildArrows();
-    void addUnitItem(const std::shared_ptr<CUnit>& unit);
-    void syncUnit(const QString& unitId);
-    void syncArrow(const QString& arrowId);
-    // Traces a model notification and, unless the update lock defers it,
-    // brings the board's item for id in step.
-    void follow(const char* method, void (mdcBoard::*sync)(const QString&), const QString& id);
-
-    QPointF toBoard(const QPointF& viewPoint) const;
-    static QPoint boardPixel(const QPointF& boardPoint);
-    // Whether a board pixel lies on the map picture.
-    bool onBoard(QPoint p) const;
-    // Where a unit's picture goes so that its token region is centred on p.
-    static QPoint centredOn(const IToken& token, QPoint p);
-
-    QString tearOff(const std::shared_ptr<CUnit>& unit, int amount, QPoint p);
-    void dragStep(QPoint p);
-    void dropUnit(const QString& unitId, QPoint p);
-    void endUnitDrag(QMouseEvent* event);
-    // Ends a unit drag as one that nobody took: the unit goes back.
-    void cancelUnitDrag();
-    void scrollStep();
-    void hover(QPoint p);
-    // Scrolls a line toward the edge the dragging pointer is near, and lets
-    // the dragged unit follow; false when the pointer is near no edge.
-    bool edgeScroll();
     void setBoardCursor(tBoardCursor cursor);
     void applyZoom(double scale, const QPointF& viewAnchor);
 
-    std::shared_ptr<IGameContext> m_context;
-    std::shared_ptr<CBoardRenderer> m_renderer;
-    CMapPictureItem* m_picture;
-    arcArrows* m_arrows;
-    // Shows where an arrow end can be taken, while the pointer is over it.
-    QGraphicsRectItem* m_grip;
-    QTimer* m_edgeTimer;
-    QHash<QString, CUnitItem*> m_items;
+    CBoardScene* m_scene;
+    CBoardDrag* m_drag;
     CDigitKeyWatcher* m_digits;
     CBoardZoom m_zoom;
-
-    std::int32_t m_updateLock = 0;
-    bool m_pendingRefresh = false;
-    int m_rebuilds = 0;
-
-    // A unit drag from the board: the unit, where the press was, and whether
-    // the pointer has gone far enough to count as a drag.
-    QString m_dragUnitId;
-    QPoint m_pressPoint;
-    bool m_dragMoved = false;
-
-    bool m_mapScroll = false;
-    QPoint m_savedCursorPos;
-    double m_lastScrollTime = 0;
-    bool m_inMouseMove = false;
     tBoardCursor m_cursor = tBoardCursor::CursorNormal;
 };

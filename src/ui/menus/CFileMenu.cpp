@@ -14,6 +14,8 @@
 #include "ui/app/CRecentFiles.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/CBoardReview.h"
 
 #include <QAction>
 #include <QDir>
@@ -23,9 +25,9 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
-CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window)
+CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window, CReviewWindows* review)
     : CMenuHandler(menu, QStringLiteral("mnuFile"), QStringLiteral("&File")), m_board(board),
-      m_window(window)
+      m_window(window), m_review(review)
 {
     AddItem(QStringLiteral("mnuFileNewGame"), QStringLiteral("&New Game"), [] {
         CGameCommands::NewGame();
@@ -48,6 +50,8 @@ CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window)
     m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     m_send = AddItem(QStringLiteral("mnuFileSend"), QStringLiteral("Sen&d to Opponent..."),
                      [this] { SendToOpponent(); });
+    m_compareFile = AddItem(QStringLiteral("mnuFileCompareWithFile"), tr("Compare With &File..."),
+                            [this] { m_review->CompareWithFile(); });
     AddSeparator(QStringLiteral("mnuFileBar2"));
     m_print =
         AddItem(QStringLiteral("mnuFilePrint"), QStringLiteral("Print..."), [this] { Print(); });
@@ -67,6 +71,7 @@ void CFileMenu::Refresh()
     m_print->setEnabled(hasGame);
     m_export->setEnabled(hasGame);
     m_send->setEnabled(hasGame);
+    m_compareFile->setEnabled(hasGame);
     fillRecent();
 }
 
@@ -150,6 +155,14 @@ void CFileMenu::ExportPicture()
         CUtility::JoinPath(dialog->SelDir(), dialog->SelFile(),
                            dialog->SelExt().isEmpty() ? QStringLiteral("png") : dialog->SelExt());
     QString error;
+    // With the changes shown the picture is the board's, overlay included.
+    const CBoardReview* review = m_review->Board();
+    if (review->Shown()) {
+        if (!review->Picture(scale).save(path, "PNG"))
+            FMessageBox::Tell(QStringLiteral("The picture could not be saved."),
+                              FMessageBox::Icon::Exclamation);
+        return;
+    }
     if (!CMapExport::ToPng(map, Root().Context(), scale, path, error))
         FMessageBox::Tell(QStringLiteral("The picture could not be saved.\n\n") + error,
                           FMessageBox::Icon::Exclamation);

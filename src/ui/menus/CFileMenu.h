@@ -2,6 +2,7 @@
 
 #include "ui/menus/CMenuHandler.h"
 
+class CReviewWindows;
 class QAction;
 class QMenu;
 class QWidget;
@@ -14,8 +15,8 @@ class CFileMenu : public CMenuHandler
 
 public:
     // Prints and exports what board shows; Exit closes window, which also
-    // parents the print dialog.
-    CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window);
+    // parents the print dialog. review compares with another file.
+    CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window, CReviewWindows* review);
 
     void Print();
     // The shown map as a PNG picture, at 100 % or at the board's zoom.
@@ -32,10 +33,12 @@ private:
 
     mdcBoard* m_board;
     QWidget* m_window;
+    CReviewWindows* m_review;
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
     QAction* m_print = nullptr;
     QAction* m_export = nullptr;
     QAction* m_send = nullptr;
+    QAction* m_compareFile = nullptr;
     QMenu* m_recent = nullptr;
 };

@@ -9,13 +9,16 @@
 #include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/docks/frmMapText.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/CBoardReview.h"
 
 #include <QAction>
 #include <QMenu>
 
-CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText)
+CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText,
+                     CReviewWindows* review)
     : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_board(board),
-      m_mapText(mapText)
+      m_mapText(mapText), m_review(review)
 {
     AddItem(QStringLiteral("mnuViewMapText"), QStringLiteral("&Map Text"),
             [this] { m_mapText->Show(); });
@@ -24,6 +27,17 @@ CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText)
                            [this] { fullScreen(); });
     m_fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
     AddSeparator(QStringLiteral("mnuViewBar2"));
+    m_showChanges = AddItem(QStringLiteral("mnuViewShowChanges"), tr("Show &Changes"), [this] {
+        m_review->ShowChanges(m_showChanges->isChecked());
+    });
+    m_showChanges->setCheckable(true);
+    m_showChanges->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
+    m_compareWith = AddItem(QStringLiteral("mnuViewCompareWith"), tr("Compare &With..."),
+                            [this] { m_review->ChooseBase(); });
+    m_replay = AddItem(QStringLiteral("mnuViewReplay"), tr("&Replay Changes"),
+                       [this] { m_review->Replay(); });
+    m_replay->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
+    AddSeparator(QStringLiteral("mnuViewBarReview"));
 
     m_archives = menu->addMenu(QStringLiteral("Archi&ve"));
     m_archives->setObjectName(QStringLiteral("mnuViewArchives"));
@@ -85,6 +99,11 @@ void CViewMenu::Refresh()
     const std::shared_ptr<CGame>& game = Root().Game();
     const std::int32_t groups = game ? game->MapGroups().Count() : 0;
     m_fullScreen->setEnabled(game != nullptr);
+    const CBoardReview* review = m_review->Board();
+    m_showChanges->setChecked(review->Shown());
+    m_showChanges->setEnabled(review->Shown() || review->Available());
+    m_compareWith->setEnabled(game && game->GetMapCount() > 1);
+    m_replay->setEnabled(review->Available());
     m_current->setEnabled(groups > 0);
     for (int i = 0; i < ArchiveCount; ++i) {
         QAction* item = m_groups[i];

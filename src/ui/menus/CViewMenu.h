@@ -4,6 +4,7 @@
 
 #include <array>
 
+class CReviewWindows;
 class QAction;
 class frmMapText;
 class mdcBoard;
@@ -17,8 +18,9 @@ class CViewMenu : public CMenuHandler
 public:
     static constexpr int ArchiveCount = 9;
 
-    // Zooms board and shows its picture full screen; Map Text shows mapText.
-    CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText);
+    // Zooms board and shows its picture full screen; Map Text shows mapText;
+    // the changes since another map are review's.
+    CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText, CReviewWindows* review);
 
     // "&1.  'Turn 1'" or "&2.  'Turn 5'  to  'Turn 9'".
     static QString ArchiveCaption(int number, const QString& firstMap, const QString& lastMap,
@@ -34,8 +36,12 @@ private:
 
     mdcBoard* m_board;
     frmMapText* m_mapText;
+    CReviewWindows* m_review;
     QMenu* m_archives;
     QAction* m_current;
     std::array<QAction*, ArchiveCount> m_groups{};
     QAction* m_fullScreen;
+    QAction* m_showChanges;
+    QAction* m_compareWith;
+    QAction* m_replay;
 };

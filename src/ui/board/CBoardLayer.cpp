@@ -1,0 +1,6 @@
+#include "CBoardLayer.h"
+
+CBoardLayer::CBoardLayer(double z)
+{
+    setZValue(z);
+}

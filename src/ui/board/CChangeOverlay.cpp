@@ -1,0 +1,115 @@
+#include "CChangeOverlay.h"
+
+#include "model/CUnit.h"
+#include "render/CBoardRenderer.h"
+#include "review/CMapComparison.h"
+#include "ui/board/CBoardLayer.h"
+#include "ui/board/CChangeUnits.h"
+#include "ui/board/CUnitGhostItem.h"
+
+#include <QGraphicsEllipseItem>
+#include <QGraphicsLineItem>
+#include <QGraphicsScene>
+#include <QPen>
+
+#include <algorithm>
+
+namespace {
+
+const QColor lineColor(255, 160, 0, 220);
+const QColor ringColor(255, 220, 0);
+const QColor arrowGhostColor(60, 60, 60, 110);
+
+void addLine(QGraphicsItem* layer, QPointF from, QPointF to, const QColor& color,
+             Qt::PenStyle style)
+{
+    auto* line = new QGraphicsLineItem(QLineF(from, to), layer);
+    QPen pen(color, 2.5, style, Qt::RoundCap);
+    pen.setCosmetic(false);
+    line->setPen(pen);
+}
+
+void addRing(QGraphicsItem* layer, const QRectF& picture)
+{
+    const double radius = std::max(picture.width(), picture.height()) * 0.75;
+    QRectF ring(0, 0, 2 * radius, 2 * radius);
+    ring.moveCenter(picture.center());
+    auto* item = new QGraphicsEllipseItem(ring, layer);
+    item->setPen(QPen(ringColor, 3));
+}
+
+} // namespace
+
+CChangeOverlay::~CChangeOverlay()
+{
+    Clear();
+}
+
+void CChangeOverlay::Show(QGraphicsScene& scene,
+                          const std::shared_ptr<const CBoardRenderer>& renderer,
+                          const CMapComparison& comparison)
+{
+    Clear();
+    if (!renderer)
+        return;
+    m_under = new CBoardLayer(UnderLayer);
+    m_over = new CBoardLayer(OverLayer);
+    for (const CMapChange& change : comparison.Changes) {
+        if (change.IsArrow()) {
+            if (change.HasFrom())
+                addLine(m_under, change.From + renderer->ArrowOrigin(),
+                        change.FromHead + renderer->ArrowOrigin(), arrowGhostColor, Qt::DashLine);
+            continue;
+        }
+        const std::shared_ptr<const CUnit> before = CChangeUnits::Before(change);
+        const std::shared_ptr<const CUnit> after = CChangeUnits::After(change);
+        switch (change.Kind) {
+        case CMapChange::ChangeKind::Moved:
+        case CMapChange::ChangeKind::Removed:
+            if (before)
+                new CUnitGhostItem(before, renderer, m_under);
+            if (before && after)
+                addLine(m_over, CChangeUnits::Centre(*renderer, *before),
+                        CChangeUnits::Centre(*renderer, *after), lineColor, Qt::SolidLine);
+            break;
+        case CMapChange::ChangeKind::Added:
+        case CMapChange::ChangeKind::Changed:
+            if (after)
+                addRing(m_over, QRectF(renderer->PictureRect(*after)));
+            break;
+        }
+    }
+    for (QGraphicsItem* ghost : m_under->childItems())
+        ghost->setOpacity(GhostOpacity);
+    scene.addItem(m_under);
+    scene.addItem(m_over);
+}
+
+void CChangeOverlay::Clear()
+{
+    delete m_under.data();
+    delete m_over.data();
+}
+
+void CChangeOverlay::SetVisible(bool visible)
+{
+    if (m_under)
+        m_under->setVisible(visible);
+    if (m_over)
+        m_over->setVisible(visible);
+}
+
+bool CChangeOverlay::Visible() const
+{
+    return m_over && m_over->isVisible();
+}
+
+int CChangeOverlay::Ghosts() const
+{
+    return m_under ? static_cast<int>(m_under->childItems().size()) : 0;
+}
+
+int CChangeOverlay::Marks() const
+{
+    return m_over ? static_cast<int>(m_over->childItems().size()) : 0;
+}

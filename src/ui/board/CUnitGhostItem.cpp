@@ -1,0 +1,38 @@
+#include "CUnitGhostItem.h"
+
+#include "model/CUnit.h"
+#include "render/CBoardRenderer.h"
+
+#include <QPainter>
+
+CUnitGhostItem::CUnitGhostItem(std::shared_ptr<const CUnit> unit,
+                               std::shared_ptr<const CBoardRenderer> renderer,
+                               QGraphicsItem* parent)
+    : QGraphicsItem(parent), m_renderer(std::move(renderer))
+{
+    setAcceptedMouseButtons(Qt::NoButton);
+    SetUnit(std::move(unit));
+    setPos(m_origin);
+}
+
+void CUnitGhostItem::SetUnit(std::shared_ptr<const CUnit> unit)
+{
+    prepareGeometryChange();
+    m_unit = std::move(unit);
+    m_origin = m_renderer->PictureRect(*m_unit).topLeft();
+    m_bounds = QRectF(m_renderer->UnitBounds(*m_unit).translated(-m_origin));
+    update();
+}
+
+QPointF CUnitGhostItem::HomeOf(const CUnit& unit) const
+{
+    return m_renderer->PictureRect(unit).topLeft();
+}
+
+void CUnitGhostItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+{
+    // The renderer draws at the unit's own position; the item may stand
+    // elsewhere.
+    painter->translate(-m_origin);
+    m_renderer->PaintUnit(*painter, *m_unit);
+}

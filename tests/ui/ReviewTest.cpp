@@ -1,0 +1,349 @@
+#include "actions/CActionAddUnit.h"
+#include "actions/CActionDeleteUnit.h"
+#include "actions/CActionEditUnit.h"
+#include "actions/CActionMgr.h"
+#include "actions/CActionMoveUnit.h"
+#include "actions/CActionNewMap.h"
+#include "model/CGame.h"
+#include "model/CMap.h"
+#include "model/CMapGroup.h"
+#include "model/CUnit.h"
+#include "render/CMapExport.h"
+#include "support/WindowFixture.h"
+#include "tokens/IToken.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/CBoardReview.h"
+#include "ui/board/CChangeReplay.h"
+#include "ui/board/CMapState.h"
+#include "ui/board/CUnitGhostItem.h"
+#include "ui/board/CUnitItem.h"
+#include "ui/board/mdcBoard.h"
+#include "ui/docks/frmChanges.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QGraphicsLineItem>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+#include <functional>
+#include <tuple>
+
+namespace {
+
+// Border Skirmish's opening as "Turn 1", and a "Turn 2" in which one counter
+// moved, one was removed, one added and one stack lost a counter.
+class ReviewTest : public WindowFixture
+{
+protected:
+    void SetUp() override
+    {
+        WindowFixture::SetUp();
+        board = window->Board();
+        review = window->Review()->Board();
+        newGame();
+        turn1 = CMapState::ActiveMap();
+        infantry = unitOf(QStringLiteral("red_inf"));
+        auto next = std::make_shared<CActionNewMap>();
+        next->SetName(QStringLiteral("Turn 2"));
+        run(next);
+        move(unitOf(QStringLiteral("red_inf")), QPoint(220, 132));
+        auto removal = std::make_shared<CActionDeleteUnit>();
+        removal->SetMapId(map()->Id());
+        removal->SetUnit(unitOf(QStringLiteral("blue_art")));
+        run(removal);
+        auto note = std::make_shared<CActionAddUnit>();
+        note->SetMapId(map()->Id());
+        note->SetTokenId(QStringLiteral("note"));
+        note->SetPosition(300, 300);
+        run(note);
+        auto loss = std::make_shared<CActionEditUnit>();
+        loss->SetMapId(map()->Id());
+        loss->SetUnitId(unitOf(QStringLiteral("blue_inf"))->Id());
+        loss->SetData(QStringLiteral("2"));
+        loss->SetUnitCaption(QStringLiteral("x2"));
+        run(loss);
+        dirty = Root().Game()->Dirty();
+        undoPos = Root().ActionMgr().UndoPos();
+    }
+    static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
+    static void run(std::shared_ptr<IAction> action) { Root().ActionMgr().Execute(action); }
+    static std::shared_ptr<CUnit> unitOf(const QString& tokenId)
+    {
+        for (const auto& unit : *map()->Units())
+            if (unit->Token()->Id() == tokenId)
+                return unit;
+        return nullptr;
+    }
+    static void move(const std::shared_ptr<CUnit>& unit, QPoint to)
+    {
+        auto moving = std::make_shared<CActionMoveUnit>();
+        moving->SetMapId(map()->Id());
+        moving->SetUnitId(unit->Id());
+        moving->SetPosition(to.x(), to.y());
+        run(moving);
+    }
+    QAction* item(const char* menu, const char* name) const
+    {
+        Q_EMIT window->findChild<QMenu*>(QLatin1String(menu))->aboutToShow();
+        return window->findChild<QAction*>(QLatin1String(name));
+    }
+    void key(int code) const { QTest::keyClick(board, static_cast<Qt::Key>(code)); }
+    QString replayLabel() const
+    {
+        return board->viewport()->findChild<QLabel*>(QStringLiteral("lblReplay"))->text();
+    }
+    // The game is exactly as the setup left it: nothing marked, nothing to undo.
+    void expectGameUntouched() const
+    {
+        EXPECT_EQ(Root().Game()->Dirty(), dirty);
+        EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+        EXPECT_EQ(Root().ActionMgr().NextUndoAction()->Caption(), QStringLiteral("Edit Unit"));
+    }
+    // The overlay's line from a counter's older place, by where it ends.
+    QLineF lineEndingAt(QPointF end) const
+    {
+        for (QGraphicsItem* item : board->scene()->items())
+            if (auto* line = dynamic_cast<QGraphicsLineItem*>(item))
+                if (QLineF(line->line().p2(), end).length() < 1)
+                    return line->line();
+        return QLineF();
+    }
+
+    mdcBoard* board = nullptr;
+    CBoardReview* review = nullptr;
+    std::shared_ptr<CMap> turn1;
+    std::shared_ptr<CUnit> infantry;
+    std::int16_t dirty = 0;
+    std::int32_t undoPos = 0;
+};
+
+TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
+{
+    QAction* show = item("mnuView", "mnuViewShowChanges");
+    ASSERT_TRUE(show->isEnabled());
+    show->trigger();
+    ASSERT_TRUE(review->Shown());
+    const CMapComparison::Counts& counts = review->Comparison().Count;
+    EXPECT_EQ(std::tie(counts.Moved, counts.Added, counts.Removed, counts.Changed),
+              std::make_tuple(1, 1, 1, 1));
+    // Ghosts of the moved and the removed counter; a line and two rings.
+    EXPECT_EQ(review->Overlay().Ghosts(), 2);
+    EXPECT_EQ(review->Overlay().Marks(), 3);
+    EXPECT_EQ(window->Review()->SummaryLabel()->text(),
+              turn1->Name() + QStringLiteral(" → Turn 2: ") + review->Comparison().Summary());
+    EXPECT_TRUE(window->Review()->SummaryLabel()->text().contains(QStringLiteral("1 moved")));
+    expectGameUntouched();
+
+    // The list names every change; a click brings the board to it.
+    QListWidget* list = window->Review()->Dock()->List();
+    ASSERT_TRUE(window->Review()->Dock()->isVisible());
+    ASSERT_EQ(list->count(), 5);
+    EXPECT_TRUE(list->item(4)->text().contains(QStringLiteral("Turn 2")))
+        << list->item(4)->text().toStdString();
+    EXPECT_TRUE(list->item(0)->text().contains(QStringLiteral("moved")))
+        << list->item(0)->text().toStdString();
+    for (int i = 0; i < 4; ++i)
+        board->ZoomIn();
+    board->centerOn(0, 0);
+    const int row = [&] {
+        for (int i = 0; i < list->count(); ++i)
+            if (list->item(i)->text().contains(QStringLiteral("removed")))
+                return i;
+        return -1;
+    }();
+    ASSERT_GE(row, 0);
+    const auto inView = [&] {
+        const QPoint at = board->mapFromScene(review->PlaceOf(row));
+        return board->viewport()->rect().contains(at);
+    };
+    ASSERT_FALSE(inView());
+    const QRect cell = list->visualItemRect(list->item(row));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
+    EXPECT_TRUE(inView());
+    board->ZoomReset();
+
+    // A counter moved while the changes show: its line ends at its new place.
+    const std::shared_ptr<CUnit> moved = unitOf(QStringLiteral("red_inf"));
+    const QPointF oldCentre(infantry->x() + 20, infantry->y() + 20);
+    EXPECT_EQ(lineEndingAt(QPointF(240, 152)).p1(), oldCentre);
+    move(moved, QPoint(268, 216));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lineEndingAt(QPointF(288, 236)).p1(), oldCentre);
+    EXPECT_EQ(lineEndingAt(QPointF(240, 152)), QLineF());
+    EXPECT_EQ(review->Overlay().Ghosts(), 2);
+    Root().ActionMgr().Undo();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lineEndingAt(QPointF(240, 152)).p1(), oldCentre);
+
+    // The exported picture is the board's, overlay and all.
+    const QString exported = home.File(QStringLiteral("changes.png"));
+    gui->Save.Choose(home.File(QString()), QStringLiteral("changes"), QStringLiteral("png"));
+    item("mnuFile", "mnuFileExport")->trigger();
+    const QImage picture(exported);
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_EQ(picture.convertToFormat(QImage::Format_ARGB32),
+              board->PaintToPbox().convertToFormat(QImage::Format_ARGB32));
+    EXPECT_NE(picture.convertToFormat(QImage::Format_ARGB32),
+              QImage::fromData(CMapExport::Render(map(), Root().Context(), 1.0).Png)
+                  .convertToFormat(QImage::Format_ARGB32));
+
+    // The game's first map has nothing before it: nothing shows, the item
+    // is off; the next map shows its changes again.
+    CMapState::SwitchToMapAt(1);
+    EXPECT_EQ(review->Overlay().Ghosts(), 0);
+    EXPECT_EQ(window->Review()->SummaryLabel()->text(), QString());
+    EXPECT_TRUE(item("mnuView", "mnuViewShowChanges")->isChecked());
+    EXPECT_FALSE(item("mnuView", "mnuViewReplay")->isEnabled());
+    CMapState::SwitchToMapAt(2);
+    EXPECT_EQ(review->Overlay().Ghosts(), 2);
+    EXPECT_EQ(list->count(), 5);
+
+    item("mnuView", "mnuViewShowChanges")->trigger();
+    EXPECT_FALSE(review->Shown());
+    EXPECT_EQ(review->Overlay().Marks(), 0);
+    EXPECT_EQ(Root().Game()->Dirty(), dirty);
+    EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+}
+
+TEST_F(ReviewTest, ReplayStepsOnAndBackAndEndsByEscapeOrByAChange)
+{
+    const std::shared_ptr<CUnit> moved = unitOf(QStringLiteral("red_inf"));
+    item("mnuView", "mnuViewReplay")->trigger();
+    CChangeReplay* replay = review->Replay();
+    ASSERT_NE(replay, nullptr);
+    ASSERT_EQ(replay->Steps(), 4);
+    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 4"));
+    // The board shows Turn 2 as it was in Turn 1: the moved counter at its
+    // older place, the added one not yet there.
+    EXPECT_FALSE(board->ItemFor(moved->Id())->isVisible());
+    CUnitGhostItem* standIn = replay->StandIn(0);
+    ASSERT_EQ(standIn->Unit()->Id(), infantry->Id());
+    EXPECT_EQ(standIn->pos(), QPointF(infantry->x(), infantry->y()));
+
+    key(Qt::Key_Right);
+    EXPECT_EQ(replayLabel(), QStringLiteral("1 of 4"));
+    replay->FinishGlide();
+    EXPECT_EQ(standIn->pos(), QPointF(220, 132));
+    key(Qt::Key_Left);
+    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 4"));
+    EXPECT_EQ(standIn->pos(), QPointF(infantry->x(), infantry->y()));
+    for (int step = 0; step < 5; ++step)
+        key(Qt::Key_Space);
+    replay->FinishGlide();
+    EXPECT_EQ(replayLabel(), QStringLiteral("4 of 4"));
+    for (int i = 0; i < replay->Steps(); ++i) {
+        const CUnitGhostItem* drawn = replay->StandIn(i);
+        // Every stand-in ends where the newer map has its counter, or gone.
+        const std::shared_ptr<CUnit> own = map()->UnitById(drawn->Unit()->Id());
+        EXPECT_EQ(drawn->isVisible(), own != nullptr);
+        if (own) {
+            EXPECT_EQ(drawn->pos(), QPointF(own->x(), own->y()));
+        }
+    }
+    expectGameUntouched();
+
+    key(Qt::Key_Escape);
+    EXPECT_EQ(review->Replay(), nullptr);
+    EXPECT_TRUE(board->ItemFor(moved->Id())->isVisible());
+    EXPECT_FALSE(board->viewport()->findChild<QLabel*>(QStringLiteral("lblReplay"))->isVisible());
+    expectGameUntouched();
+
+    // A change to the game ends a replay and shows the board as it is.
+    item("mnuView", "mnuViewReplay")->trigger();
+    key(Qt::Key_Right);
+    move(moved, QPoint(100, 100));
+    EXPECT_EQ(review->Replay(), nullptr);
+    EXPECT_TRUE(board->ItemFor(moved->Id())->isVisible());
+    EXPECT_EQ(board->ItemFor(moved->Id())->pos(), QPointF(100, 100));
+    EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos + 1);
+}
+
+TEST_F(ReviewTest, ComparingWithAFileFindsAnAlteredEarlierMapAndPassesAKeptHistory)
+{
+    const auto saveAs = [&](const QString& name) {
+        gui->Save.Choose(home.File(QStringLiteral("games/")), name, QStringLiteral("krf"));
+        item("mnuFile", "mnuFileSaveGameAs")->trigger();
+        return home.File(QStringLiteral("games/") + name + QStringLiteral(".krf"));
+    };
+    const auto mapsListed = [&](const std::function<void()>& open) {
+        QStringList rows;
+        QTimer::singleShot(0, window, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            auto* tree =
+                dialog ? dialog->findChild<QTreeWidget*>(QStringLiteral("tvwMaps")) : nullptr;
+            for (int i = 0; tree && i < tree->topLevelItemCount(); ++i) {
+                const QTreeWidgetItem* row = tree->topLevelItem(i);
+                rows << row->text(1) + (row->childCount()
+                                            ? QStringLiteral(" / ") + row->child(0)->text(0)
+                                            : QString());
+            }
+            if (dialog)
+                dialog->reject();
+        });
+        open();
+        return rows;
+    };
+    QDir().mkpath(home.File(QStringLiteral("games")));
+    const QString reply = saveAs(QStringLiteral("reply"));
+    auto third = std::make_shared<CActionNewMap>();
+    third->SetName(QStringLiteral("Turn 3"));
+    run(third);
+    const QString next = saveAs(QStringLiteral("next"));
+    ASSERT_TRUE(QFile::copy(next, home.File(QStringLiteral("games/kept.krf"))));
+
+    // Opening a file compares it with the newest other file of its game.
+    QLabel* status = window->Review()->FileLabel();
+    ASSERT_TRUE(CGameCommands::OpenFile(next));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(status->isVisible());
+    EXPECT_TRUE(status->text().startsWith(QStringLiteral("Earlier maps unchanged since reply.krf")))
+        << status->text().toStdString();
+
+    // Turn 1 altered by hand in another file of the game.
+    CMapState::SwitchToMapAt(1);
+    move(unitOf(QStringLiteral("blue_arm")), QPoint(340, 257));
+    saveAs(QStringLiteral("altered"));
+    ASSERT_TRUE(CGameCommands::OpenFile(next));
+    const std::int16_t openedDirty = Root().Game()->Dirty();
+    const std::int32_t openedUndo = Root().ActionMgr().UndoPos();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(status->text().startsWith(QStringLiteral("1 earlier map differs from altered.krf")))
+        << status->text().toStdString();
+    const QStringList altered =
+        mapsListed([&] { Q_EMIT status->linkActivated(QStringLiteral("#maps")); });
+    ASSERT_EQ(altered.size(), 3);
+    EXPECT_TRUE(altered[0].startsWith(QStringLiteral("changed: 1 moved / ")))
+        << altered[0].toStdString();
+    EXPECT_TRUE(altered[0].contains(QStringLiteral("(340, 257)"))) << altered[0].toStdString();
+    EXPECT_EQ(altered.mid(1), QStringList({QStringLiteral("same"), QStringLiteral("same")}));
+
+    // File > Compare With File on a copy that kept the history.
+    gui->Open.Choose(home.File(QStringLiteral("games/")), QStringLiteral("kept"),
+                     QStringLiteral("krf"));
+    EXPECT_EQ(
+        mapsListed([&] { item("mnuFile", "mnuFileCompareWithFile")->trigger(); }),
+        QStringList({QStringLiteral("same"), QStringLiteral("same"), QStringLiteral("same")}));
+
+    // Another game's file is refused with a word.
+    newGame();
+    saveAs(QStringLiteral("other"));
+    ASSERT_TRUE(CGameCommands::OpenFile(next));
+    gui->Open.Choose(home.File(QStringLiteral("games/")), QStringLiteral("other"),
+                     QStringLiteral("krf"));
+    const std::size_t boxes = gui->Boxes.Boxes.size();
+    EXPECT_EQ(mapsListed([&] { item("mnuFile", "mnuFileCompareWithFile")->trigger(); }),
+              QStringList());
+    ASSERT_EQ(gui->Boxes.Boxes.size(), boxes + 1);
+    EXPECT_TRUE(gui->Boxes.Boxes.back().Text.contains(QStringLiteral("another game")));
+    // Comparing never marks the open game or adds to its history.
+    EXPECT_EQ(Root().Game()->Dirty(), openedDirty);
+    EXPECT_EQ(Root().ActionMgr().UndoPos(), openedUndo);
+}
+
+} // namespace
