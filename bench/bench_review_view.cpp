@@ -4,7 +4,8 @@
 // Each switch goes to the next or previous turn (never the first, which has
 // nothing before it), so every switch compares 2,000 counters with 2,000
 // and draws the overlay, then paints the view. The baseline, in the same
-// run, makes the same switches with the changes hidden.
+// run, makes the same switches with the changes hidden. Target: a switch
+// with the changes shown stays under 50 ms.
 #include "BenchSession.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"

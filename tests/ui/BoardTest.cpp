@@ -25,6 +25,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <algorithm>
 #include <functional>
 #include <tuple>
 #include <utility>
@@ -416,6 +417,48 @@ TEST_F(BoardTest, GrabAtFullSizeMatchesTheRenderedMap)
     ASSERT_GT(common.width(), 400);
     ASSERT_GT(common.height(), 300);
     EXPECT_EQ(grabbed.copy(common), rendered.copy(common));
+}
+
+// Zoomed out or in, the view draws from reduced copies of the map and cached
+// counter pictures; they stand where the renderer puts them at that scale.
+TEST_F(BoardTest, ZoomedBoardShowsTheRenderedMapAtThatScale)
+{
+    for (int i = 0; i < 12; ++i)
+        stack(QPoint(93 + 61 * i, 101 + 37 * (i % 5)), i % 4 + 2);
+    dropFromPalette(QStringLiteral("move"), QPoint(250, 200));
+    for (const double scale : {0.25, 1.0 / 3, 0.5, 2.0}) {
+        SCOPED_TRACE(scale);
+        board->ZoomReset();
+        while (board->Zoom() > scale + 1e-9)
+            board->ZoomOut();
+        while (board->Zoom() < scale - 1e-9)
+            board->ZoomIn();
+        board->horizontalScrollBar()->setValue(0);
+        board->verticalScrollBar()->setValue(0);
+        const QImage full = CBoardRenderer(Root().Context()).RenderMap(*map(), scale);
+        const QRect common = QRect(0, 0, qRound(900 * scale), qRound(400 * scale)) & full.rect() &
+                             board->viewport()->rect();
+        // Filtering differs a little, mostly along thin lines of the map,
+        // and averaging pairs of pixels evens that out; a picture or label
+        // out of place by a pixel still differs a lot along its edges.
+        const auto smoothed = [&common](const QImage& image) {
+            return image.copy(common)
+                .convertToFormat(QImage::Format_RGB32)
+                .scaled(common.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        };
+        const QImage rendered = smoothed(full);
+        const QImage grabbed = smoothed(board->viewport()->grab().toImage());
+        int far = 0;
+        for (int y = 0; y < rendered.height(); ++y) {
+            for (int x = 0; x < rendered.width(); ++x) {
+                const QColor a = rendered.pixelColor(x, y);
+                const QColor b = grabbed.pixelColor(x, y);
+                far += std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                                 std::abs(a.blue() - b.blue())}) > 64;
+            }
+        }
+        EXPECT_LT(far, rendered.width() * rendered.height() / 1000) << far;
+    }
 }
 
 } // namespace

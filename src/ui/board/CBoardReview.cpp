@@ -101,8 +101,9 @@ void CBoardReview::RefreshNow()
     m_refreshDue = false;
     const std::shared_ptr<const CBoardRenderer> renderer =
         m_board ? m_board->Scene()->Renderer() : nullptr;
-    m_comparison = m_shown ? compare(Base(), CMapState::ActiveMap()) : CMapComparison();
-    if (m_shown && renderer && Base())
+    const std::shared_ptr<CMap> base = m_shown ? Base() : nullptr;
+    m_comparison = compare(base, CMapState::ActiveMap());
+    if (base && renderer)
         m_overlay.Show(*m_board->scene(), renderer, m_comparison);
     else
         m_overlay.Clear();

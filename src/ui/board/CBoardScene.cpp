@@ -11,6 +11,7 @@
 #include "ui/board/CMapPictureItem.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/CUnitItem.h"
+#include "ui/board/CUnitPictureCache.h"
 #include "ui/board/arcArrows.h"
 
 #include <QGraphicsRectItem>
@@ -38,11 +39,14 @@ public:
 
 } // namespace
 
-CBoardScene::CBoardScene(QObject* parent) : QGraphicsScene(parent), m_overlay(new CLayerItem)
+CBoardScene::CBoardScene(QObject* parent)
+    : QGraphicsScene(parent), m_picture(new CMapPictureItem), m_overlay(new CLayerItem)
 {
     // Units move with every drag step; a linear index is cheaper to keep
     // than a tree for a few thousand items.
     setItemIndexMethod(QGraphicsScene::NoIndex);
+    m_picture->setZValue(pictureLayer);
+    addItem(m_picture);
     m_overlay->setZValue(overlayLayer);
     addItem(m_overlay);
 }
@@ -80,17 +84,19 @@ void CBoardScene::Rebuild()
     if (context != m_context || !m_renderer) {
         m_context = context;
         m_renderer = context ? std::make_shared<CBoardRenderer>(context) : nullptr;
+        m_pictures = m_renderer ? std::make_shared<CUnitPictureCache>(m_renderer) : nullptr;
     }
     // Clearing the scene at once is much cheaper than removing items one by
-    // one; the overlay layer is kept out of it.
+    // one. The map picture (with its reduced copies) and the overlay layer
+    // are kept out of it.
+    removeItem(m_picture);
     removeItem(m_overlay);
+    std::unique_ptr<QGraphicsItem> picture(m_picture);
     std::unique_ptr<QGraphicsItem> overlay(m_overlay);
     m_items.clear();
     clear();
+    addItem(picture.release());
     addItem(overlay.release());
-    m_picture = new CMapPictureItem;
-    m_picture->setZValue(pictureLayer);
-    addItem(m_picture);
     m_arrows = new arcArrows;
     m_arrows->setZValue(arrowLayer);
     addItem(m_arrows);
@@ -106,7 +112,7 @@ void CBoardScene::Rebuild()
 
 void CBoardScene::redrawBackground()
 {
-    m_picture->SetRenderer(m_renderer);
+    m_picture->SetRenderer(m_renderer, m_context ? m_context->MapPicture() : QImage());
     const QSize board = m_renderer ? m_renderer->BoardSize() : QSize();
     setSceneRect(QRectF(QPointF(0, 0), QSizeF(board)));
 }
@@ -138,7 +144,7 @@ void CBoardScene::rebuildArrows()
 
 void CBoardScene::addUnitItem(const std::shared_ptr<CUnit>& unit)
 {
-    auto* item = new CUnitItem(unit, m_renderer);
+    auto* item = new CUnitItem(unit, m_renderer, m_pictures);
     addItem(item);
     m_items.insert(unit->Id(), item);
 }

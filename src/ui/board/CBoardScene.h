@@ -14,6 +14,7 @@ class CBoardRenderer;
 class CMapPictureItem;
 class CUnit;
 class CUnitItem;
+class CUnitPictureCache;
 class IGameContext;
 class QGraphicsRectItem;
 class arcArrows;
@@ -109,11 +110,13 @@ private:
 
     std::shared_ptr<IGameContext> m_context;
     std::shared_ptr<CBoardRenderer> m_renderer;
+    // The unit items' pictures at the view's scale, made anew with the renderer.
+    std::shared_ptr<CUnitPictureCache> m_pictures;
     // Items below are owned by the scene.
-    CMapPictureItem* m_picture = nullptr;
+    CMapPictureItem* m_picture;
     arcArrows* m_arrows = nullptr;
     QGraphicsRectItem* m_grip = nullptr;
-    QGraphicsItem* m_overlay = nullptr;
+    QGraphicsItem* m_overlay;
     QHash<QString, CUnitItem*> m_items;
 
     std::int32_t m_updateLock = 0;

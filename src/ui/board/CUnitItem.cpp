@@ -2,11 +2,13 @@
 
 #include "model/CUnit.h"
 #include "render/CBoardRenderer.h"
+#include "ui/board/CUnitPictureCache.h"
 
 #include <QPainter>
 
-CUnitItem::CUnitItem(std::shared_ptr<CUnit> unit, std::shared_ptr<const CBoardRenderer> renderer)
-    : m_unit(std::move(unit)), m_renderer(std::move(renderer))
+CUnitItem::CUnitItem(std::shared_ptr<CUnit> unit, std::shared_ptr<const CBoardRenderer> renderer,
+                     std::shared_ptr<CUnitPictureCache> pictures)
+    : m_unit(std::move(unit)), m_renderer(std::move(renderer)), m_pictures(std::move(pictures))
 {
     setAcceptedMouseButtons(Qt::NoButton);
     Sync();
@@ -21,10 +23,12 @@ void CUnitItem::Sync()
     update();
 }
 
-void CUnitItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+void CUnitItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget* widget)
 {
     // The renderer draws at the unit's model position; the item may stand
     // elsewhere while it is dragged.
+    if (widget && m_pictures && m_pictures->Paint(*painter, *m_unit, -QPointF(m_origin)))
+        return;
     painter->translate(-m_origin);
     m_renderer->PaintUnit(*painter, *m_unit);
 }
