@@ -436,22 +436,6 @@ Möchten Sie fortfahren?</translation>
 <context>
     <name>CMapComparison</name>
     <message>
-        <source>%1 moved</source>
-        <translation>%1 bewegt</translation>
-    </message>
-    <message>
-        <source>%1 added</source>
-        <translation>%1 hinzugefügt</translation>
-    </message>
-    <message>
-        <source>%1 removed</source>
-        <translation>%1 entfernt</translation>
-    </message>
-    <message>
-        <source>%1 changed</source>
-        <translation>%1 geändert</translation>
-    </message>
-    <message>
         <source>1 arrow moved</source>
         <translation>1 Pfeil bewegt</translation>
     </message>
@@ -498,6 +482,34 @@ Möchten Sie fortfahren?</translation>
     <message>
         <source>Map text changed</source>
         <translation>Kartentext geändert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n moved</source>
+        <translation>
+            <numerusform>%n bewegt</numerusform>
+            <numerusform>%n bewegt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n hinzugefügt</numerusform>
+            <numerusform>%n hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n entfernt</numerusform>
+            <numerusform>%n entfernt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n changed</source>
+        <translation>
+            <numerusform>%n geändert</numerusform>
+            <numerusform>%n geändert</numerusform>
+        </translation>
     </message>
 </context>
 <context>

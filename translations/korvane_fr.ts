@@ -436,22 +436,6 @@ Voulez-vous continuer ?</translation>
 <context>
     <name>CMapComparison</name>
     <message>
-        <source>%1 moved</source>
-        <translation>%1 déplacés</translation>
-    </message>
-    <message>
-        <source>%1 added</source>
-        <translation>%1 ajoutés</translation>
-    </message>
-    <message>
-        <source>%1 removed</source>
-        <translation>%1 retirés</translation>
-    </message>
-    <message>
-        <source>%1 changed</source>
-        <translation>%1 modifiés</translation>
-    </message>
-    <message>
         <source>1 arrow moved</source>
         <translation>1 flèche déplacée</translation>
     </message>
@@ -498,6 +482,34 @@ Voulez-vous continuer ?</translation>
     <message>
         <source>Map text changed</source>
         <translation>Texte de la carte modifié</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n moved</source>
+        <translation>
+            <numerusform>%n déplacé</numerusform>
+            <numerusform>%n déplacés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n ajouté</numerusform>
+            <numerusform>%n ajoutés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n retiré</numerusform>
+            <numerusform>%n retirés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n changed</source>
+        <translation>
+            <numerusform>%n modifié</numerusform>
+            <numerusform>%n modifiés</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -19,13 +19,15 @@ QString CMapComparison::Summary() const
 {
     QStringList parts;
     if (Count.Moved > 0)
-        parts << QCoreApplication::translate("CMapComparison", "%1 moved").arg(Count.Moved);
+        parts << QCoreApplication::translate("CMapComparison", "%n moved", nullptr, Count.Moved);
     if (Count.Added > 0)
-        parts << QCoreApplication::translate("CMapComparison", "%1 added").arg(Count.Added);
+        parts << QCoreApplication::translate("CMapComparison", "%n added", nullptr, Count.Added);
     if (Count.Removed > 0)
-        parts << QCoreApplication::translate("CMapComparison", "%1 removed").arg(Count.Removed);
+        parts << QCoreApplication::translate("CMapComparison", "%n removed", nullptr,
+                                             Count.Removed);
     if (Count.Changed > 0)
-        parts << QCoreApplication::translate("CMapComparison", "%1 changed").arg(Count.Changed);
+        parts << QCoreApplication::translate("CMapComparison", "%n changed", nullptr,
+                                             Count.Changed);
     addCount(parts, Count.ArrowsMoved, QT_TRANSLATE_NOOP("CMapComparison", "1 arrow moved"),
              QT_TRANSLATE_NOOP("CMapComparison", "%1 arrows moved"));
     addCount(parts, Count.ArrowsAdded, QT_TRANSLATE_NOOP("CMapComparison", "1 arrow added"),

@@ -96,6 +96,15 @@ TEST(LanguageChoice, FirstLanguageKorvaneSpeaksWinsAndEnglishNeedsNoTranslation)
         const CTranslators german({"de"});
         EXPECT_EQ(QCoreApplication::translate("CFileMenu", "&File"), QLatin1String("&Datei"));
     }
+    {
+        // Counts agree with their number where the language wants it.
+        const CTranslators french({"fr"});
+        EXPECT_EQ(QCoreApplication::translate("CMapComparison", "%n moved", nullptr, 1),
+                  QStringLiteral("1 déplacé"));
+        EXPECT_EQ(QCoreApplication::translate("CMapComparison", "%n moved", nullptr, 3),
+                  QStringLiteral("3 déplacés"));
+    }
     // Gone with its object: later windows are English again.
+
     EXPECT_EQ(QCoreApplication::translate("CFileMenu", "&File"), QLatin1String("&File"));
 }
