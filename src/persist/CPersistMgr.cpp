@@ -273,16 +273,16 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         refuseFile(fileName, QStringLiteral("it is too large to be a Korvane game file"));
         return nullptr;
     }
-    const QByteArray bytes = file.readAll();
+    // Only the header now; the body is inflated from the file as it is read.
+    const QByteArray head = file.read(4 + 1 + 255 + 4);
     if (file.error() != QFileDevice::NoError) {
         refuseFile(fileName, file.errorString());
         return nullptr;
     }
-    file.close();
 
     CGameFile::Header header;
     QString reason;
-    if (!CGameFile::ReadHeader(bytes, header, &reason)) {
+    if (!CGameFile::ReadHeader(head, header, &reason)) {
         refuseFile(fileName, reason);
         return nullptr;
     }
@@ -304,7 +304,11 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         return nullptr;
     }
 
-    std::shared_ptr<CGame> game = CGameFile::FromBytes(bytes, &reason);
+    std::shared_ptr<CGame> game = CGameFile::FromDevice(file, &reason);
+    if (file.error() != QFileDevice::NoError) {
+        refuseFile(fileName, file.errorString());
+        return nullptr;
+    }
     if (!game)
         refuseFile(fileName, reason);
     return game;
