@@ -23,6 +23,7 @@
 #include <cstring>
 #include <limits>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -87,6 +88,12 @@ protected:
 
     static QByteArray currentImage() { return CGameFile::ToBytes(*Root().Game(), alphaId); }
     static bool mayUndo() { return Root().ActionMgr().NextUndoAction() != nullptr; }
+    // The permission bits of a file.
+    static mode_t modeOf(const QString& path)
+    {
+        struct stat info = {};
+        return ::stat(QFile::encodeName(path).constData(), &info) == 0 ? info.st_mode & 0777 : 0;
+    }
     static QString lastDir()
     {
         return Root().Config().GetValue(QStringLiteral("CPersistMgr"), QStringLiteral("LastDir"));
@@ -372,12 +379,38 @@ TEST_F(PersistMgrTest, AFailedSaveKeepsTheOldFileTheGameDirtyAndTheHistoryAndALa
         map->Units()->DeleteItem(map->Units()->Count());
 
     // The same game saves once the trouble is over, without asking for a name,
-    // replacing the read-only file with one only its owner reads and writes.
+    // replacing the read-only file with one its owner may write again.
     EXPECT_TRUE(Root().PersistMgr().SaveCurrentGame());
     EXPECT_TRUE(gui->Save.Shown.isEmpty());
     EXPECT_EQ(home.ReadFile(QStringLiteral("games/fragile.krf")), currentImage());
-    EXPECT_EQ(QFile::permissions(path) & ~(QFileDevice::ReadUser | QFileDevice::WriteUser),
-              QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    EXPECT_EQ(modeOf(path), 0644);
+}
+
+// A game file is meant to be shared: saving gives it the permissions any
+// other program of this platform would, not owner-only ones.
+TEST_F(PersistMgrTest, ANewFileGetsTheUsualPermissionsAndAReplacedOneKeepsItsMode)
+{
+    startAlpha();
+    const auto game = newGame(QStringLiteral("Shared"));
+    game->SetDirectory(home.Path());
+    game->SetExtension(QStringLiteral("krf"));
+    const auto saveAs = [&](const char* name) {
+        game->SetFile(QLatin1String(name));
+        markChanged();
+        EXPECT_TRUE(Root().PersistMgr().SaveCurrentGame()) << name;
+        return home.File(QLatin1String(name) + QStringLiteral(".krf"));
+    };
+    const mode_t previousMask = ::umask(022);
+    const QString shared = saveAs("shared");
+    EXPECT_EQ(modeOf(shared), 0644);
+    ::umask(027);
+    EXPECT_EQ(modeOf(saveAs("team")), 0640);
+    // The mode a file had survives its replacement, whatever the umask.
+    ASSERT_TRUE(QFile::setPermissions(shared, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                  QFileDevice::ReadGroup | QFileDevice::WriteGroup |
+                                                  QFileDevice::ReadOther));
+    EXPECT_EQ(modeOf(saveAs("shared")), 0664);
+    ::umask(previousMask);
 }
 
 TEST_F(PersistMgrTest, AbandoningAModifiedGameAsksAndFollowsTheAnswer)
