@@ -6,6 +6,7 @@
 #include "core/CUtility.h"
 #include "core/FMessageBox.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -43,6 +44,19 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
     }
     const QString fileName = name + QLatin1Char('.') + extension;
     const QString destination = directory + fileName;
+    if (!QFileInfo(directory).isDir()) {
+        scope.Denote(QStringLiteral("Directory is not valid"));
+        messages.Information(CKorvane::Name(),
+                             fileName + QStringLiteral(" cannot be installed: the folder ") +
+                                 QDir::toNativeSeparators(directory) +
+                                 QStringLiteral(" does not exist. Nothing has been installed."),
+                             FMessageBox::Icon::Exclamation);
+        return Result::MissingDirectory;
+    }
+    if (!QFileInfo(path).isFile()) {
+        scope.Denote(QStringLiteral("Module not found"));
+        return Result::NotFound;
+    }
 
     // A module chosen from where it would go is installed already.
     if (!sourceDirectory.isEmpty() && sameDirectory(sourceDirectory, directory)) {

@@ -12,10 +12,10 @@
 #include "render/CMapExport.h"
 #include "ui/app/CGameCommands.h"
 #include "ui/app/CRecentFiles.h"
-#include "ui/board/CMapState.h"
-#include "ui/board/mdcBoard.h"
 #include "ui/app/CReviewWindows.h"
 #include "ui/board/CBoardReview.h"
+#include "ui/board/CMapState.h"
+#include "ui/board/mdcBoard.h"
 
 #include <QAction>
 #include <QDir>
@@ -179,22 +179,21 @@ void CFileMenu::SendToOpponent()
         !Root().PersistMgr().SaveCurrentGame())
         return;
     const QString path = game->FilePath();
-    CMailSender sender;
-    switch (sender.Send(path, CMailSender::Subject(*game))) {
-    case CMailSender::Outcome::MailStarted:
-        break;
-    case CMailSender::Outcome::FolderShown:
-        FMessageBox::Tell(
-            QStringLiteral("No mail program could be started. The folder that holds '") +
-                QFileInfo(path).fileName() +
-                QStringLiteral("' has been opened, so you can attach the game yourself."),
-            FMessageBox::Icon::Information);
-        break;
-    case CMailSender::Outcome::Failed:
-        FMessageBox::Tell(
-            QStringLiteral("No mail program could be started. Attach the game file yourself:\n\n") +
-                QDir::toNativeSeparators(path),
-            FMessageBox::Icon::Exclamation);
-        break;
-    }
+    // The mail program is watched without waiting for it; what went wrong
+    // is told when it has ended.
+    CMailSender().Send(
+        path, CMailSender::Subject(*game), this, [path](CMailSender::Outcome outcome) {
+            if (outcome == CMailSender::Outcome::FolderShown)
+                FMessageBox::Tell(
+                    QStringLiteral("No mail program could be started. The folder that holds '") +
+                        QFileInfo(path).fileName() +
+                        QStringLiteral("' has been opened, so you can attach the game yourself."),
+                    FMessageBox::Icon::Information);
+            else if (outcome == CMailSender::Outcome::Failed)
+                FMessageBox::Tell(
+                    QStringLiteral("No mail program could be started. Attach the game "
+                                   "file yourself:\n\n") +
+                        QDir::toNativeSeparators(path),
+                    FMessageBox::Icon::Exclamation);
+        });
 }
