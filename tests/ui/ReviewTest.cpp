@@ -7,6 +7,7 @@
 #include "actions/CActionMoveArrow.h"
 #include "actions/CActionMoveUnit.h"
 #include "actions/CActionNewMap.h"
+#include "actions/CArrowHandles.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -289,10 +290,23 @@ TEST_F(ReviewTest, ReplayStepsOnAndBackAndEndsByEscapeOrByAChange)
     EXPECT_FALSE(board->ItemFor(moved->Id())->isVisible());
     const arcArrows* arrows = replay->Arrows();
     ASSERT_NE(arrows, nullptr);
+    // The stand-ins of the changed arrows' handles stand at these arrows' ends.
+    const auto handlesAt = [&](const QStringList& arrowEnds) {
+        QStringList drawn;
+        for (QGraphicsItem* item : board->scene()->items())
+            if (auto* ghost = dynamic_cast<CUnitGhostItem*>(item))
+                if (ghost->isVisible() && CArrowHandles::IsArrowToken(*ghost->Unit()->Token()))
+                    drawn << QStringLiteral("%1,%2").arg(ghost->x()).arg(ghost->y());
+        QStringList expected = arrowEnds.join(QStringLiteral(" <- ")).split(QStringLiteral(" <- "));
+        drawn.sort();
+        expected.sort();
+        EXPECT_EQ(drawn, expected);
+    };
     const auto arrowsAsBefore = [&] {
         EXPECT_EQ(ends(arrows->Find(movedArrow)), movedArrowBefore);
         EXPECT_EQ(ends(arrows->Find(goneArrow)), goneArrowBefore);
         EXPECT_EQ(arrows->Find(newArrow), nullptr);
+        handlesAt({movedArrowBefore, goneArrowBefore});
     };
     arrowsAsBefore();
     EXPECT_FALSE(board->Arrows()->isVisible());
@@ -341,6 +355,7 @@ TEST_F(ReviewTest, ReplayStepsOnAndBackAndEndsByEscapeOrByAChange)
     for (const auto& arrow : *map()->Arrows())
         EXPECT_EQ(ends(arrows->Find(arrow->Id())), ends(arrow.get()));
     EXPECT_EQ(arrows->Find(goneArrow), nullptr);
+    handlesAt({ends(map()->ArrowById(movedArrow).get()), ends(map()->ArrowById(newArrow).get())});
     // Stepping back to the start sets the arrows back too.
     for (int step = 0; step < 7; ++step)
         key(Qt::Key_Left);
