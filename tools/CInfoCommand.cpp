@@ -9,25 +9,6 @@
 
 #include <QTextStream>
 
-#include <zlib.h>
-
-namespace {
-
-// The bytes the zlib stream of the body takes, padding left out.
-qint64 compressedLength(const QByteArray& bytes, const CGameFile::Header& header)
-{
-    const qint64 stored = bytes.size() - header.BodyOffset;
-    QByteArray body(header.BodyLength, Qt::Uninitialized);
-    uLongf bodyLength = static_cast<uLongf>(header.BodyLength);
-    uLong sourceLength = static_cast<uLong>(stored);
-    const int result = uncompress2(
-        reinterpret_cast<Bytef*>(body.data()), &bodyLength,
-        reinterpret_cast<const Bytef*>(bytes.constData()) + header.BodyOffset, &sourceLength);
-    return result == Z_OK ? static_cast<qint64>(sourceLength) : stored;
-}
-
-} // namespace
-
 QString CInfoCommand::Summary() const
 {
     return QStringLiteral("Summarises a game file: module, name, groups, maps, units, arrows, "
@@ -69,5 +50,5 @@ void CInfoCommand::Run(CToolSession& session, const QCommandLineParser&,
     out << "Units: " << units << '\n';
     out << "Arrows: " << arrows << '\n';
     out << "Body size: " << loaded.Header.BodyLength << " bytes\n";
-    out << "Compressed size: " << compressedLength(loaded.Bytes, loaded.Header) << " bytes\n";
+    out << "Compressed size: " << loaded.CompressedLength << " bytes\n";
 }

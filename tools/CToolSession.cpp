@@ -91,22 +91,26 @@ void CToolSession::Activate(const std::shared_ptr<IGameContext>& context, const 
 CToolSession::LoadedGame CToolSession::LoadGame(const QString& path)
 {
     LoadedGame loaded;
-    loaded.Bytes = ReadInputFile(path);
+    // The body is inflated from the file as it is read, never held twice.
+    QFile file(path);
+    openInputFile(file);
     QString error;
-    if (!CGameFile::ReadHeader(loaded.Bytes, loaded.Header, &error))
+    if (!CGameFile::ReadHeader(file.read(4 + 1 + 255 + 4), loaded.Header, &error))
         throw CToolFailure::Input(path, error);
     loaded.ContextId = CContextMgr::TranslateExternalId(loaded.Header.StoredContextId);
     loaded.Context = FindContext(loaded.ContextId, path);
     Activate(loaded.Context, path);
-    loaded.Game = CGameFile::FromBytes(loaded.Bytes, &error);
+    loaded.Game = CGameFile::FromDevice(file, &error, &loaded.CompressedLength);
+    if (file.error() != QFileDevice::NoError)
+        throw CToolFailure::Input(path, QStringLiteral("cannot be read: ") + file.errorString());
     if (!loaded.Game)
         throw CToolFailure::Input(path, error);
     return loaded;
 }
 
-QByteArray CToolSession::ReadInputFile(const QString& path)
+void CToolSession::openInputFile(QFile& file)
 {
-    QFile file(path);
+    const QString path = file.fileName();
     if (!QFileInfo(path).isFile())
         throw CToolFailure::Input(path, QStringLiteral("no such file"));
     if (!file.open(QIODevice::ReadOnly))
@@ -114,6 +118,12 @@ QByteArray CToolSession::ReadInputFile(const QString& path)
     if (file.size() > MaxInputFileSize)
         throw CToolFailure::Input(
             path, QStringLiteral("is too large (%1 bytes) to be read").arg(file.size()));
+}
+
+QByteArray CToolSession::ReadInputFile(const QString& path)
+{
+    QFile file(path);
+    openInputFile(file);
     const QByteArray bytes = file.readAll();
     if (bytes.size() != file.size())
         throw CToolFailure::Input(path, QStringLiteral("cannot be read: ") + file.errorString());

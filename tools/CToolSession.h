@@ -5,7 +5,10 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstdint>
 #include <memory>
+
+class QFile;
 
 class CGame;
 class CKorvane;
@@ -28,7 +31,8 @@ public:
         CGameFile::Header Header;
         // The stored id turned into the context's own id.
         QString ContextId;
-        QByteArray Bytes;
+        // The bytes the compressed body takes in the file, padding left out.
+        std::int64_t CompressedLength = 0;
     };
 
     // home: a directory to use as Korvane's home, or empty for the program's
@@ -62,6 +66,10 @@ public:
     static void WriteOutputFile(const QString& path, const QByteArray& bytes);
 
 private:
+    // Opens file for reading; raises CToolFailure for a missing, unreadable
+    // or oversized one.
+    static void openInputFile(QFile& file);
+
     QString m_home;
     std::shared_ptr<CKorvane> m_root;
 };

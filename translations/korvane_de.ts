@@ -661,6 +661,10 @@ Möchten Sie es ersetzen?</translation>
         <source>You must restart Korvane for these settings to take effect.</source>
         <translation>Starten Sie Korvane neu, damit diese Einstellungen wirksam werden.</translation>
     </message>
+    <message>
+        <source>%1 cannot be installed: the folder %2 does not exist. Nothing has been installed.</source>
+        <translation>%1 kann nicht installiert werden: Der Ordner %2 existiert nicht. Es wurde nichts installiert.</translation>
+    </message>
 </context>
 <context>
     <name>CNameCheck</name>

@@ -661,6 +661,10 @@ Voulez-vous le remplacer ?</translation>
         <source>You must restart Korvane for these settings to take effect.</source>
         <translation>Vous devez redémarrer Korvane pour que ces réglages prennent effet.</translation>
     </message>
+    <message>
+        <source>%1 cannot be installed: the folder %2 does not exist. Nothing has been installed.</source>
+        <translation>%1 ne peut pas être installé : le dossier %2 n&apos;existe pas. Rien n&apos;a été installé.</translation>
+    </message>
 </context>
 <context>
     <name>CNameCheck</name>

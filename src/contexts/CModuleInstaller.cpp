@@ -6,6 +6,7 @@
 #include "core/CUtility.h"
 #include "core/FMessageBox.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -43,6 +44,20 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
     }
     const QString fileName = name + QLatin1Char('.') + extension;
     const QString destination = directory + fileName;
+    if (!QFileInfo(directory).isDir()) {
+        scope.Denote(QStringLiteral("Directory is not valid"));
+        messages.Information(CKorvane::Name(),
+                             tr("%1 cannot be installed: the folder %2 does not exist. Nothing "
+                                "has been installed.")
+                                 .arg(fileName, QDir::toNativeSeparators(directory)),
+
+                             FMessageBox::Icon::Exclamation);
+        return Result::MissingDirectory;
+    }
+    if (!QFileInfo(path).isFile()) {
+        scope.Denote(QStringLiteral("Module not found"));
+        return Result::NotFound;
+    }
 
     // A module chosen from where it would go is installed already.
     if (!sourceDirectory.isEmpty() && sameDirectory(sourceDirectory, directory)) {

@@ -8,8 +8,9 @@ class FMessageBox;
 // Installs a module file chosen by the user. The file is copied into the
 // cache at once and moved into the module directory (".krm") or the user
 // module directory (".udm") when the program ends, by a CInstallModTask; the
-// module is found at the next start. Replacing an installed module of the
-// same file name needs the user's consent.
+// module is found at the next start. That directory must exist: without it
+// the user is told and nothing is copied. Replacing an installed module of
+// the same file name needs the user's consent.
 class CModuleInstaller
 {
     Q_DECLARE_TR_FUNCTIONS(CModuleInstaller)
@@ -20,6 +21,8 @@ public:
         Installed,
         NothingChosen,
         InvalidExtension,
+        MissingDirectory,
+        NotFound,
         AlreadyInPlace,
         Declined,
         CacheFailed,

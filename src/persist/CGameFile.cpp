@@ -11,6 +11,7 @@
 #include "persist/COutputStream.h"
 #include "persist/CZlib.h"
 
+#include <QBuffer>
 #include <QFile>
 
 #include <cstring>
@@ -96,12 +97,21 @@ bool CGameFile::ReadHeader(const QByteArray& bytes, Header& header, QString* err
 
 std::shared_ptr<CGame> CGameFile::FromBytes(const QByteArray& bytes, QString* error)
 {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return FromDevice(buffer, error);
+}
+
+std::shared_ptr<CGame> CGameFile::FromDevice(QIODevice& file, QString* error,
+                                             std::int64_t* compressedLength)
+{
     CTraceScope scope("FileToGame", "CGameFile");
     Header header;
-    if (!ReadHeader(bytes, header, error))
+    if (!file.seek(0) || !ReadHeader(file.read(4 + 1 + 255 + 4), header, error))
         return nullptr;
 
-    const std::int64_t packedLength = bytes.size() - header.BodyOffset;
+    const std::int64_t packedLength = file.size() - header.BodyOffset;
     if (header.BodyLength <= 0 || header.BodyLength > MaximumBodyLength ||
         header.BodyLength > packedLength * MaximumExpansion) {
         // Shown as stored, unsigned: a Long of 2 GiB reads as negative.
@@ -110,17 +120,22 @@ std::shared_ptr<CGame> CGameFile::FromBytes(const QByteArray& bytes, QString* er
         return nullptr;
     }
 
-    // The declared length bounds the inflation; the buffer grows only with
-    // what actually comes out, so a false length costs nothing up front.
-    std::vector<unsigned char> inflated;
-    const int result = CZlib::InflateBounded(
-        reinterpret_cast<const unsigned char*>(bytes.constData()) + header.BodyOffset,
-        static_cast<std::size_t>(packedLength), header.BodyLength, inflated);
-    if (result != Z_OK || inflated.size() != static_cast<std::size_t>(header.BodyLength)) {
+    // The one buffer of the declared length; its pages cost memory only as
+    // inflation writes them, so a false length costs little.
+    CByteBuffer inflated;
+    inflated.resize(static_cast<std::size_t>(header.BodyLength));
+    std::size_t produced = 0;
+    std::int64_t consumed = 0;
+    const int result =
+        file.seek(header.BodyOffset)
+            ? CZlib::Inflate(file, inflated.data(), inflated.size(), produced, consumed)
+            : Z_ERRNO;
+    if (result != Z_OK || produced != inflated.size()) {
         setError(error, tr("its compressed body is damaged"));
-
         return nullptr;
     }
+    if (compressedLength)
+        *compressedLength = consumed;
     CInputStream body = CInputStream::FromBuffer(std::move(inflated));
 
     auto game = std::make_shared<CGame>(CUtility::GenerateId());

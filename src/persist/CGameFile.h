@@ -10,6 +10,7 @@
 
 class CGame;
 class IGameContext;
+class QIODevice;
 
 // The ".krf" game file image: "KR01", the stored context id (SmallString),
 // the body length (Long), the level-9 zlib body and zero padding to a
@@ -51,7 +52,14 @@ public:
     // Reads the whole game for the active context. Null, with a reason, for
     // a damaged file, a record version this program does not know, or a
     // token the active context does not have; nothing partly read survives.
+    // What follows the game record in the body, and what follows the
+    // compressed stream in the file, is not read.
     static std::shared_ptr<CGame> FromBytes(const QByteArray& bytes, QString* error);
+    // The same from a file open for reading, read a piece at a time: the
+    // body's buffer is the one allocation of its size. compressedLength,
+    // when given, receives the bytes the compressed stream takes.
+    static std::shared_ptr<CGame> FromDevice(QIODevice& file, QString* error,
+                                             std::int64_t* compressedLength = nullptr);
 
     // The stored context id of a file (from its first bytes only), or "".
     static QString StoredContextIdOfFile(const QString& fileName);

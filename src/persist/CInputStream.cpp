@@ -23,7 +23,7 @@ void CInputStream::Constructor(std::int32_t size, const QString& fileName)
         }
         if (size < 0)
             return;
-        std::vector<unsigned char> buffer(static_cast<std::size_t>(size), 0);
+        CByteBuffer buffer(static_cast<std::size_t>(size), 0);
         if (size > 0 && file.read(reinterpret_cast<char*>(buffer.data()), size) < 0)
             return;
         m_buffer = std::move(buffer);
@@ -44,7 +44,7 @@ CInputStream CInputStream::FromBytes(const QByteArray& bytes)
     return stream;
 }
 
-CInputStream CInputStream::FromBuffer(std::vector<unsigned char>&& buffer)
+CInputStream CInputStream::FromBuffer(CByteBuffer&& buffer)
 {
     CInputStream stream;
     stream.m_size = static_cast<std::int32_t>(buffer.size());

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "persist/CDefaultInitAllocator.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <cstdint>
-#include <vector>
 
 // Reads little-endian typed values from a fixed byte buffer. Running out of
 // data never raises: numbers read as 0, flags as false, strings as "", and
@@ -21,7 +22,7 @@ public:
     // A stream over a copy of bytes (convenience for in-memory data).
     static CInputStream FromBytes(const QByteArray& bytes);
     // A stream that takes over buffer.
-    static CInputStream FromBuffer(std::vector<unsigned char>&& buffer);
+    static CInputStream FromBuffer(CByteBuffer&& buffer);
 
     bool Initialized() const { return m_initialized; }
     std::int32_t Size() const { return m_size; }
@@ -54,7 +55,7 @@ private:
 
     bool m_initialized = false;
     std::int32_t m_size = -1;
-    std::vector<unsigned char> m_buffer;
+    CByteBuffer m_buffer;
     std::int32_t m_offset = 0;
     std::int32_t m_addressMark = 0;
 };

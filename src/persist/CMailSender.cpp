@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <memory>
+
 QString CMailSender::Subject(const CGame& game)
 {
     QString subject = QStringLiteral("Korvane: ") + game.Name();
@@ -20,42 +22,66 @@ QString CMailSender::Subject(const CGame& game)
 
 namespace {
 
-// A process that may be left running when it goes out of scope: QProcess
-// kills what it still runs when destroyed, which would close the mail
-// program's window along with it.
+// QProcess kills what it still runs when destroyed, which would close the
+// mail program's window along with it: this one lets it go instead.
 class HandOverProcess : public QProcess
 {
 public:
-    void LetGo() { setProcessState(QProcess::NotRunning); }
+    using QProcess::QProcess;
+    ~HandOverProcess() override
+    {
+        if (state() != QProcess::NotRunning)
+            setProcessState(QProcess::NotRunning);
+    }
 };
 
 } // namespace
 
-CMailSender::Outcome CMailSender::Send(const QString& file, const QString& subject)
+void CMailSender::Send(const QString& file, const QString& subject, QObject* owner,
+                       std::function<void(Outcome)> done) const
 {
     CTraceScope scope("Send", "CMailSender");
     const QFileInfo info(file);
     scope.Denote(QStringLiteral("File = ") + info.absoluteFilePath());
 
-    HandOverProcess mail;
-    mail.setProcessChannelMode(QProcess::ForwardedChannels);
-    mail.start(QStringLiteral("xdg-email"), {QStringLiteral("--attach"), info.absoluteFilePath(),
-                                             QStringLiteral("--subject"), subject});
-    if (mail.waitForStarted()) {
-        // Still running after the wait means a mail program has the file
-        // (some keep xdg-email waiting until their window closes).
-        if (!mail.waitForFinished(HandOverMilliseconds) && mail.state() == QProcess::Running) {
-            mail.LetGo();
-            return Outcome::MailStarted;
-        }
-        if (mail.exitStatus() == QProcess::NormalExit && mail.exitCode() == 0)
-            return Outcome::MailStarted;
-        scope.Denote(QStringLiteral("xdg-email failed with %1").arg(mail.exitCode()));
-    } else {
-        scope.Denote(QStringLiteral("xdg-email cannot start: ") + mail.errorString());
-    }
-
+    auto* mail = new HandOverProcess(owner);
+    mail->setProcessChannelMode(QProcess::ForwardedChannels);
     const QUrl folder = QUrl::fromLocalFile(info.absolutePath());
-    const bool shown = OpenFolder ? OpenFolder(folder) : QDesktopServices::openUrl(folder);
-    return shown ? Outcome::FolderShown : Outcome::Failed;
+    // Both signals may come (a crash reports an error, then the exit); the
+    // first ending counts.
+    auto finish = [mail, folder, openFolder = OpenFolder, done = std::move(done),
+                   ended = std::make_shared<bool>(false)](bool succeeded) {
+        if (*ended)
+            return;
+        *ended = true;
+        mail->deleteLater();
+        Outcome outcome = Outcome::MailStarted;
+        if (!succeeded) {
+            const bool shown = openFolder ? openFolder(folder) : QDesktopServices::openUrl(folder);
+            outcome = shown ? Outcome::FolderShown : Outcome::Failed;
+        }
+        if (done)
+            done(outcome);
+    };
+    // Queued: a program that is not there may be reported inside start(),
+    // and the caller hears of the outcome only once Send has returned.
+    auto failedToStart = [mail, finish](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            CTraceScope trace("Send", "CMailSender");
+            trace.Denote(QStringLiteral("xdg-email cannot start: ") + mail->errorString());
+            finish(false);
+        }
+    };
+    QObject::connect(mail, &QProcess::errorOccurred, mail, failedToStart, Qt::QueuedConnection);
+    QObject::connect(mail, &QProcess::finished, mail,
+                     [finish](int exitCode, QProcess::ExitStatus status) {
+                         const bool succeeded = status == QProcess::NormalExit && exitCode == 0;
+                         if (!succeeded) {
+                             CTraceScope trace("Send", "CMailSender");
+                             trace.Denote(QStringLiteral("xdg-email failed with %1").arg(exitCode));
+                         }
+                         finish(succeeded);
+                     });
+    mail->start(QStringLiteral("xdg-email"), {QStringLiteral("--attach"), info.absoluteFilePath(),
+                                              QStringLiteral("--subject"), subject});
 }

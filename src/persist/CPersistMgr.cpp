@@ -212,9 +212,10 @@ bool CPersistMgr::WriteGameFile(const QByteArray& image)
     const QString target = game.FilePath();
     scope.Denote(QStringLiteral("Target = ") + target);
     // The new file replaces the old one in a single rename, so any failure
-    // before that leaves the old file as it was. A read-only target must be
-    // made writable first (the save is refused otherwise); on failure it
-    // gets its permissions back.
+    // before that leaves the old file as it was. QSaveFile gives a new file
+    // the usual 0666 less the umask and a replaced one the old file's mode. A
+    // read-only target is made writable first (the save is refused
+    // otherwise) and stays so; on failure it gets its permissions back.
     const QFileInfo existing(target);
     // The "user" flags describe the caller's access (root may write anything),
     // and setting them would set the owner's bits: keep the mode bits only.
@@ -239,10 +240,6 @@ bool CPersistMgr::WriteGameFile(const QByteArray& image)
             QFile::setPermissions(target, previous);
         return false;
     }
-    // "Archive only": the owner may read and write, nobody else anything.
-    if (!QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                           QFileDevice::ReadUser | QFileDevice::WriteUser))
-        scope.Denote(QStringLiteral("Cannot set the permissions of the new file"));
     RememberDirectory(game.Directory());
     return true;
 }
@@ -274,16 +271,16 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         refuseFile(fileName, tr("it is too large to be a Korvane game file"));
         return nullptr;
     }
-    const QByteArray bytes = file.readAll();
+    // Only the header now; the body is inflated from the file as it is read.
+    const QByteArray head = file.read(4 + 1 + 255 + 4);
     if (file.error() != QFileDevice::NoError) {
         refuseFile(fileName, file.errorString());
         return nullptr;
     }
-    file.close();
 
     CGameFile::Header header;
     QString reason;
-    if (!CGameFile::ReadHeader(bytes, header, &reason)) {
+    if (!CGameFile::ReadHeader(head, header, &reason)) {
         refuseFile(fileName, reason);
         return nullptr;
     }
@@ -305,7 +302,11 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         return nullptr;
     }
 
-    std::shared_ptr<CGame> game = CGameFile::FromBytes(bytes, &reason);
+    std::shared_ptr<CGame> game = CGameFile::FromDevice(file, &reason);
+    if (file.error() != QFileDevice::NoError) {
+        refuseFile(fileName, file.errorString());
+        return nullptr;
+    }
     if (!game)
         refuseFile(fileName, reason);
     return game;

@@ -3,10 +3,13 @@
 #include "persist/CInputStream.h"
 #include "persist/COutputStream.h"
 
+#include <QIODevice>
+
 #include <zlib.h>
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 std::int32_t CZlib::CompactCapacity(std::int32_t sourceSize)
 {
@@ -47,53 +50,48 @@ std::unique_ptr<CInputStream> CZlib::Decompact(const CInputStream& source,
     return plain;
 }
 
-int CZlib::InflateBounded(const unsigned char* data, std::size_t size, std::int32_t maximumLength,
-                          std::vector<unsigned char>& out)
+int CZlib::Inflate(QIODevice& in, unsigned char* out, std::size_t capacity, std::size_t& produced,
+                   std::int64_t& consumed)
 {
-    out.clear();
-    if (maximumLength <= 0)
-        return Z_BUF_ERROR;
-    const auto limit = static_cast<std::size_t>(maximumLength);
+    produced = 0;
+    consumed = 0;
     z_stream stream{};
     if (inflateInit(&stream) != Z_OK)
         return Z_MEM_ERROR;
-    // A first guess from the usual ratio of game bodies; doubled as needed.
-    out.resize(std::min(limit, std::max<std::size_t>(std::size_t(1) << 16, size * 8)));
-    stream.next_in = const_cast<Bytef*>(data);
-    std::size_t produced = 0;
-    std::size_t consumed = 0;
+    std::vector<char> piece(std::size_t(1) << 18);
+    std::int64_t fed = 0;
+    // Output is written straight into out; once it is full, one more byte
+    // is asked for to tell a stream that ends there from one that goes on.
+    unsigned char probe = 0;
     int result = Z_OK;
     while (result == Z_OK) {
-        if (produced == out.size()) {
-            if (out.size() == limit) {
-                // Full at the bound: anything more would exceed it.
-                unsigned char probe = 0;
-                stream.next_out = &probe;
-                stream.avail_out = 1;
-                result = inflate(&stream, Z_NO_FLUSH);
-                result =
-                    result == Z_STREAM_END && stream.avail_out == 1 ? Z_STREAM_END : Z_BUF_ERROR;
+        if (stream.avail_in == 0) {
+            const qint64 got = in.read(piece.data(), static_cast<qint64>(piece.size()));
+            if (got <= 0) {
+                result = Z_BUF_ERROR; // the data ends before the stream does
                 break;
             }
-            out.resize(std::min(limit, out.size() * 2));
+            stream.next_in = reinterpret_cast<Bytef*>(piece.data());
+            stream.avail_in = static_cast<uInt>(got);
+            fed += got;
         }
-        // zlib counts in 32-bit units; feed at most 1 GiB at a time.
-        const auto inChunk = static_cast<uInt>(std::min<std::size_t>(size - consumed, 1u << 30));
-        const auto outChunk =
-            static_cast<uInt>(std::min<std::size_t>(out.size() - produced, 1u << 30));
-        stream.next_in = const_cast<Bytef*>(data + consumed);
-        stream.avail_in = inChunk;
-        stream.next_out = out.data() + produced;
-        stream.avail_out = outChunk;
+        const bool full = produced == capacity;
+        const auto room =
+            full ? 1u : static_cast<uInt>(std::min<std::size_t>(capacity - produced, 1u << 30));
+        stream.next_out = full ? &probe : out + produced;
+        stream.avail_out = room;
         result = inflate(&stream, Z_NO_FLUSH);
-        consumed += inChunk - stream.avail_in;
-        produced += outChunk - stream.avail_out;
-        if (result == Z_OK && stream.avail_in == 0 && consumed == size && stream.avail_out > 0)
-            result = Z_BUF_ERROR; // the data ends before the stream does
-        if (result == Z_BUF_ERROR && stream.avail_out == 0)
-            result = Z_OK; // only the room ran out
+        const std::size_t wrote = room - stream.avail_out;
+        if (full && wrote > 0) {
+            result = Z_BUF_ERROR;
+            break;
+        }
+        produced += wrote;
+        // No progress for want of input or room: both are given next round.
+        if (result == Z_BUF_ERROR && (stream.avail_in == 0 || stream.avail_out == 0))
+            result = Z_OK;
     }
+    consumed = fed - stream.avail_in;
     inflateEnd(&stream);
-    out.resize(produced);
     return result == Z_STREAM_END ? Z_OK : result;
 }

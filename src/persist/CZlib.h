@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 class CInputStream;
 class COutputStream;
+class QIODevice;
 
 // One-shot zlib compression of whole streams. zlib is linked, so Available
 // is always true; the return code of the last call is kept in LastResult so
@@ -26,14 +26,15 @@ public:
     std::unique_ptr<CInputStream> Decompact(const CInputStream& source,
                                             std::int32_t& uncompressedSize);
 
-    // Inflates size bytes of a zlib stream that must come to at most
-    // maximumLength bytes, into out. The buffer grows with what inflation
-    // actually yields, so a length declared by damaged or hostile data is
-    // never allocated up front. Z_OK when the stream ended within the bound;
-    // Z_BUF_ERROR when it is cut short or would exceed maximumLength; else
-    // zlib's error. out holds what came out either way.
-    static int InflateBounded(const unsigned char* data, std::size_t size,
-                              std::int32_t maximumLength, std::vector<unsigned char>& out);
+    // Inflates the zlib stream that in holds from its current position into
+    // out, which has room for capacity bytes; the input is read a piece at a
+    // time, so only out needs memory of the body's size. produced receives
+    // the bytes written, consumed the bytes the stream took from in (what
+    // follows its end, such as padding, is not counted). Z_OK when the
+    // stream ended within capacity; Z_BUF_ERROR when the data ends first or
+    // more would come out; else zlib's error.
+    static int Inflate(QIODevice& in, unsigned char* out, std::size_t capacity,
+                       std::size_t& produced, std::int64_t& consumed);
 
     // zlib's return code of the last Compact or Decompact (Z_OK is 0).
     int LastResult() const { return m_lastResult; }

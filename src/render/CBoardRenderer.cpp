@@ -83,6 +83,7 @@ QFont CBoardRenderer::MakeLabelFont(const QString& family, double pointSize)
     QFont font(family.isEmpty() ? QStringLiteral("Sans") : family);
     const double points = pointSize > 0 && pointSize <= 1000 ? pointSize : 9;
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(points * 96.0 / 72.0))));
+    font.setBold(true);
     return font;
 }
 

@@ -81,7 +81,8 @@ public:
 
     // A 24-bit colour value (red in the low byte) as a QColor.
     static QColor ToColor(std::int32_t value);
-    // The label font of a context: its face, its size in points as pixels at 96 per inch.
+    // The label font of a context: bold, in its face, its size in points as
+    // pixels at 96 per inch (a module sets only the face and the size).
     static QFont MakeLabelFont(const QString& family, double pointSize);
 
 private:

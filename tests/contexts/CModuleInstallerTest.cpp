@@ -84,9 +84,18 @@ TEST_F(ModuleInstallerTest, ReplacingAModuleNeedsConsentAndHappensAtShutdown)
 
 TEST_F(ModuleInstallerTest, DestinationFollowsTheExtensionAndCopiesAreWritable)
 {
-    // A user module goes to the user module directory, which need not exist yet.
-    // Nothing to replace, so no question: only the restart notice.
+    // A user module goes to the user module directory. Without that folder
+    // the user is told, and nothing is copied or left to do at shut-down.
     const QString user = titled(QStringLiteral("Mine")).WriteTo(home.File("downloads/Mine.UDM"));
+    EXPECT_EQ(CModuleInstaller::Install(user, messages), Result::MissingDirectory);
+    EXPECT_EQ(shown(), QStringList{"Korvane|Mine.UDM cannot be installed: the folder " +
+                                   QDir::toNativeSeparators(home.File("usermods/")) +
+                                   " does not exist. Nothing has been installed."});
+    EXPECT_EQ(Root().ShutdownTaskCount(), 0);
+    EXPECT_TRUE(cacheFiles().filter(QStringLiteral(".tmp")).isEmpty());
+    // With it, nothing to replace, so no question: only the restart notice.
+    QDir().mkpath(home.File(QStringLiteral("usermods")));
+    messages.Boxes.clear();
     EXPECT_EQ(CModuleInstaller::Install(user, messages), Result::Installed);
     EXPECT_EQ(messages.Boxes.size(), 1u);
 
@@ -95,8 +104,9 @@ TEST_F(ModuleInstallerTest, DestinationFollowsTheExtensionAndCopiesAreWritable)
     const QString bare = home.WriteFile(QStringLiteral("downloads/krm"), "no extension");
     EXPECT_EQ(CModuleInstaller::Install(bare, messages), Result::InvalidExtension);
     EXPECT_EQ(CModuleInstaller::Install(QString(), messages), Result::NothingChosen);
+    QDir().mkpath(home.File(QStringLiteral("modules")));
     EXPECT_EQ(CModuleInstaller::Install(home.File(QStringLiteral("downloads/gone.krm")), messages),
-              Result::CacheFailed);
+              Result::NotFound);
     EXPECT_EQ(messages.Boxes.size(), 1u);
 
     // A module chosen from the module directory itself is installed already.

@@ -2,6 +2,7 @@
 
 #include "persist/CZlib.h"
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QString>
 
@@ -50,10 +51,14 @@ extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, st
 inline QByteArray MutateInflated(const std::uint8_t* stream, std::size_t size,
                                  std::int32_t& plainLength)
 {
-    std::vector<unsigned char> plain;
-    if (CZlib::InflateBounded(stream, size, 1 << 20, plain) != 0)
+    QBuffer in;
+    in.setData(reinterpret_cast<const char*>(stream), static_cast<qsizetype>(size));
+    in.open(QIODevice::ReadOnly);
+    std::vector<unsigned char> plain(std::size_t(1) << 20);
+    std::size_t length = 0;
+    std::int64_t consumed = 0;
+    if (CZlib::Inflate(in, plain.data(), plain.size(), length, consumed) != 0)
         return QByteArray();
-    const std::size_t length = plain.size();
     plain.resize(2 * length + 64);
     plain.resize(LLVMFuzzerMutate(plain.data(), length, plain.size()));
     plainLength = static_cast<std::int32_t>(plain.size());

@@ -12,6 +12,7 @@
 
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 
 #include <cmath>
 #include <cstdlib>
@@ -126,6 +127,19 @@ TEST_F(BoardRendererTest,
     EXPECT_EQ(pixels(image, label, green), 0);
     EXPECT_GT(pixels(image, renderer.LabelRect(*moved), green), 0);
     EXPECT_EQ(pixels(image, renderer.LabelRect(*moved), blue), 0);
+    // Labels are bold: the same caption in the regular weight leaves less ink.
+    QImage regular(label.size(), QImage::Format_RGB32);
+    regular.fill(Qt::black);
+    {
+        QPainter painter(&regular);
+        QFont font = renderer.LabelFont();
+        font.setBold(false);
+        painter.setFont(font);
+        painter.setPen(QColor(0, 0, 255));
+        painter.drawText(regular.rect(), Qt::AlignCenter, QStringLiteral("x12"));
+    }
+    EXPECT_TRUE(renderer.LabelFont().bold());
+    EXPECT_GT(pixels(image, label, blue), pixels(regular, regular.rect(), blue) * 5 / 4);
     EXPECT_TRUE(NearColor(image.pixelColor(155, 25), board));
     // Arrows in the module's colour with a wide head; a zero-length one is a dot.
     EXPECT_TRUE(NearColor(image.pixelColor(170, 173), QColor(255, 0, 0)));

@@ -1,28 +1,37 @@
+#include "actions/CActionAddArrow.h"
 #include "actions/CActionAddUnit.h"
+#include "actions/CActionDeleteArrow.h"
 #include "actions/CActionDeleteUnit.h"
 #include "actions/CActionEditUnit.h"
 #include "actions/CActionMgr.h"
+#include "actions/CActionMoveArrow.h"
 #include "actions/CActionMoveUnit.h"
 #include "actions/CActionNewMap.h"
+#include "actions/CArrowHandles.h"
+#include "model/CArrow.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
+#include "render/CBoardRenderer.h"
 #include "render/CMapExport.h"
 #include "support/WindowFixture.h"
 #include "tokens/IToken.h"
 #include "ui/app/CReviewWindows.h"
 #include "ui/board/CBoardReview.h"
+#include "ui/board/CBoardScene.h"
 #include "ui/board/CChangeReplay.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/CUnitGhostItem.h"
 #include "ui/board/CUnitItem.h"
+#include "ui/board/arcArrows.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/docks/frmChanges.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QGraphicsEllipseItem>
 #include <QGraphicsLineItem>
 #include <QLabel>
 #include <QListWidget>
@@ -36,8 +45,9 @@
 
 namespace {
 
-// Border Skirmish's opening as "Turn 1", and a "Turn 2" in which one counter
-// moved, one was removed, one added and one stack lost a counter.
+// Border Skirmish's opening with two arrows as "Turn 1", and a "Turn 2" in
+// which one counter moved, one was removed, one added and one stack lost a
+// counter; one arrow's head moved, the other arrow went and a third came.
 class ReviewTest : public WindowFixture
 {
 protected:
@@ -49,9 +59,27 @@ protected:
         newGame();
         turn1 = CMapState::ActiveMap();
         infantry = unitOf(QStringLiteral("red_inf"));
+        movedArrow = placeArrow(QStringLiteral("move"), QPoint(100, 300));
+        goneArrow = placeArrow(QStringLiteral("attack"), QPoint(500, 60));
+        movedArrowBefore = ends(map()->ArrowById(movedArrow).get());
+        goneArrowBefore = ends(map()->ArrowById(goneArrow).get());
         auto next = std::make_shared<CActionNewMap>();
         next->SetName(QStringLiteral("Turn 2"));
         run(next);
+        for (const auto& unit : *map()->Units())
+            if (unit->Data() == movedArrow + QStringLiteral("|HEAD")) {
+                auto drag = std::make_shared<CActionMoveArrow>();
+                drag->SetMapId(map()->Id());
+                drag->SetUnitId(unit->Id());
+                drag->SetData(unit->Data());
+                drag->SetPosition(180, 250);
+                run(drag);
+            }
+        auto gone = std::make_shared<CActionDeleteArrow>();
+        gone->SetMapId(map()->Id());
+        gone->SetArrowId(goneArrow);
+        run(gone);
+        newArrow = placeArrow(QStringLiteral("move"), QPoint(40, 250));
         move(unitOf(QStringLiteral("red_inf")), QPoint(220, 132));
         auto removal = std::make_shared<CActionDeleteUnit>();
         removal->SetMapId(map()->Id());
@@ -73,6 +101,25 @@ protected:
     }
     static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
     static void run(std::shared_ptr<IAction> action) { Root().ActionMgr().Execute(action); }
+    static QString placeArrow(const QString& tokenId, QPoint tail)
+    {
+        auto arrow = std::make_shared<CActionAddArrow>();
+        arrow->SetMapId(map()->Id());
+        arrow->SetTokenId(tokenId);
+        arrow->SetPosition(tail.x(), tail.y());
+        run(arrow);
+        return arrow->ArrowId();
+    }
+    // An arrow as "head <- tail", or "none".
+    static QString ends(const CArrow* arrow)
+    {
+        return arrow ? QStringLiteral("%1,%2 <- %3,%4")
+                           .arg(arrow->HeadX())
+                           .arg(arrow->HeadY())
+                           .arg(arrow->TailX())
+                           .arg(arrow->TailY())
+                     : QStringLiteral("none");
+    }
     static std::shared_ptr<CUnit> unitOf(const QString& tokenId)
     {
         for (const auto& unit : *map()->Units())
@@ -119,6 +166,11 @@ protected:
     CBoardReview* review = nullptr;
     std::shared_ptr<CMap> turn1;
     std::shared_ptr<CUnit> infantry;
+    QString movedArrow;
+    QString goneArrow;
+    QString newArrow;
+    QString movedArrowBefore;
+    QString goneArrowBefore;
     std::int16_t dirty = 0;
     std::int32_t undoPos = 0;
 };
@@ -132,9 +184,21 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     const CMapComparison::Counts& counts = review->Comparison().Count;
     EXPECT_EQ(std::tie(counts.Moved, counts.Added, counts.Removed, counts.Changed),
               std::make_tuple(1, 1, 1, 1));
-    // Ghosts of the moved and the removed counter; a line and two rings.
-    EXPECT_EQ(review->Overlay().Ghosts(), 2);
-    EXPECT_EQ(review->Overlay().Marks(), 3);
+    // Ghosts of the moved and the removed counter and arrow; a line and two
+    // rings for the counters, a glow and a ring for the added arrow.
+    EXPECT_EQ(review->Overlay().Ghosts(), 4);
+    EXPECT_EQ(review->Overlay().Marks(), 5);
+    const QPointF newHead =
+        QPointF(map()->ArrowById(newArrow)->HeadX(), map()->ArrowById(newArrow)->HeadY()) +
+        board->Scene()->Renderer()->ArrowOrigin();
+    const auto ringAt = [&](QPointF centre) {
+        for (QGraphicsItem* item : board->scene()->items())
+            if (auto* ring = dynamic_cast<QGraphicsEllipseItem*>(item))
+                if (QLineF(ring->rect().center(), centre).length() < 1)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(ringAt(newHead));
     EXPECT_EQ(window->Review()->SummaryLabel()->text(),
               turn1->Name() + QStringLiteral(" → Turn 2: ") + review->Comparison().Summary());
     EXPECT_TRUE(window->Review()->SummaryLabel()->text().contains(QStringLiteral("1 moved")));
@@ -143,9 +207,9 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     // The list names every change; a click brings the board to it.
     QListWidget* list = window->Review()->Dock()->List();
     ASSERT_TRUE(window->Review()->Dock()->isVisible());
-    ASSERT_EQ(list->count(), 5);
-    EXPECT_TRUE(list->item(4)->text().contains(QStringLiteral("Turn 2")))
-        << list->item(4)->text().toStdString();
+    ASSERT_EQ(list->count(), 8);
+    EXPECT_TRUE(list->item(7)->text().contains(QStringLiteral("Turn 2")))
+        << list->item(7)->text().toStdString();
     EXPECT_TRUE(list->item(0)->text().contains(QStringLiteral("moved")))
         << list->item(0)->text().toStdString();
     for (int i = 0; i < 4; ++i)
@@ -176,7 +240,7 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     QCoreApplication::processEvents();
     EXPECT_EQ(lineEndingAt(QPointF(288, 236)).p1(), oldCentre);
     EXPECT_EQ(lineEndingAt(QPointF(240, 152)), QLineF());
-    EXPECT_EQ(review->Overlay().Ghosts(), 2);
+    EXPECT_EQ(review->Overlay().Ghosts(), 4);
     Root().ActionMgr().Undo();
     QCoreApplication::processEvents();
     EXPECT_EQ(lineEndingAt(QPointF(240, 152)).p1(), oldCentre);
@@ -201,8 +265,9 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     EXPECT_TRUE(item("mnuView", "mnuViewShowChanges")->isChecked());
     EXPECT_FALSE(item("mnuView", "mnuViewReplay")->isEnabled());
     CMapState::SwitchToMapAt(2);
-    EXPECT_EQ(review->Overlay().Ghosts(), 2);
-    EXPECT_EQ(list->count(), 5);
+    EXPECT_EQ(review->Overlay().Ghosts(), 4);
+    EXPECT_TRUE(ringAt(newHead));
+    EXPECT_EQ(list->count(), 8);
 
     item("mnuView", "mnuViewShowChanges")->trigger();
     EXPECT_FALSE(review->Shown());
@@ -217,40 +282,92 @@ TEST_F(ReviewTest, ReplayStepsOnAndBackAndEndsByEscapeOrByAChange)
     item("mnuView", "mnuViewReplay")->trigger();
     CChangeReplay* replay = review->Replay();
     ASSERT_NE(replay, nullptr);
-    ASSERT_EQ(replay->Steps(), 4);
-    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 4"));
+    ASSERT_EQ(replay->Steps(), 7);
+    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 7"));
     // The board shows Turn 2 as it was in Turn 1: the moved counter at its
-    // older place, the added one not yet there.
+    // older place, the added one not yet there; the arrows likewise, drawn
+    // by the replay over the board's hidden ones.
     EXPECT_FALSE(board->ItemFor(moved->Id())->isVisible());
+    const arcArrows* arrows = replay->Arrows();
+    ASSERT_NE(arrows, nullptr);
+    // The stand-ins of the changed arrows' handles stand at these arrows' ends.
+    const auto handlesAt = [&](const QStringList& arrowEnds) {
+        QStringList drawn;
+        for (QGraphicsItem* item : board->scene()->items())
+            if (auto* ghost = dynamic_cast<CUnitGhostItem*>(item))
+                if (ghost->isVisible() && CArrowHandles::IsArrowToken(*ghost->Unit()->Token()))
+                    drawn << QStringLiteral("%1,%2").arg(ghost->x()).arg(ghost->y());
+        QStringList expected = arrowEnds.join(QStringLiteral(" <- ")).split(QStringLiteral(" <- "));
+        drawn.sort();
+        expected.sort();
+        EXPECT_EQ(drawn, expected);
+    };
+    const auto arrowsAsBefore = [&] {
+        EXPECT_EQ(ends(arrows->Find(movedArrow)), movedArrowBefore);
+        EXPECT_EQ(ends(arrows->Find(goneArrow)), goneArrowBefore);
+        EXPECT_EQ(arrows->Find(newArrow), nullptr);
+        handlesAt({movedArrowBefore, goneArrowBefore});
+    };
+    arrowsAsBefore();
+    EXPECT_FALSE(board->Arrows()->isVisible());
+    const auto newHandle = [&] {
+        for (const auto& unit : *map()->Units())
+            if (unit->Data().startsWith(newArrow))
+                return board->ItemFor(unit->Id());
+        return static_cast<CUnitItem*>(nullptr);
+    };
+    EXPECT_FALSE(newHandle()->isVisible());
     CUnitGhostItem* standIn = replay->StandIn(0);
     ASSERT_EQ(standIn->Unit()->Id(), infantry->Id());
     EXPECT_EQ(standIn->pos(), QPointF(infantry->x(), infantry->y()));
 
     key(Qt::Key_Right);
-    EXPECT_EQ(replayLabel(), QStringLiteral("1 of 4"));
+    EXPECT_EQ(replayLabel(), QStringLiteral("1 of 7"));
     replay->FinishGlide();
     EXPECT_EQ(standIn->pos(), QPointF(220, 132));
     key(Qt::Key_Left);
-    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 4"));
+    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 7"));
     EXPECT_EQ(standIn->pos(), QPointF(infantry->x(), infantry->y()));
+    // The fifth change is the arrow's: its ends set off from their older places.
     for (int step = 0; step < 5; ++step)
         key(Qt::Key_Space);
+    EXPECT_EQ(ends(arrows->Find(movedArrow)), movedArrowBefore);
+    for (int step = 0; step < 3; ++step)
+        key(Qt::Key_Space);
     replay->FinishGlide();
-    EXPECT_EQ(replayLabel(), QStringLiteral("4 of 4"));
+    EXPECT_EQ(replayLabel(), QStringLiteral("7 of 7"));
+    int counters = 0;
     for (int i = 0; i < replay->Steps(); ++i) {
         const CUnitGhostItem* drawn = replay->StandIn(i);
+        if (!drawn)
+            continue;
         // Every stand-in ends where the newer map has its counter, or gone.
+        ++counters;
         const std::shared_ptr<CUnit> own = map()->UnitById(drawn->Unit()->Id());
         EXPECT_EQ(drawn->isVisible(), own != nullptr);
         if (own) {
             EXPECT_EQ(drawn->pos(), QPointF(own->x(), own->y()));
         }
     }
+    EXPECT_EQ(counters, 4);
+    // Every arrow ends as the newer map has it.
+    EXPECT_EQ(arrows->Count(), map()->Arrows()->Count());
+    for (const auto& arrow : *map()->Arrows())
+        EXPECT_EQ(ends(arrows->Find(arrow->Id())), ends(arrow.get()));
+    EXPECT_EQ(arrows->Find(goneArrow), nullptr);
+    handlesAt({ends(map()->ArrowById(movedArrow).get()), ends(map()->ArrowById(newArrow).get())});
+    // Stepping back to the start sets the arrows back too.
+    for (int step = 0; step < 7; ++step)
+        key(Qt::Key_Left);
+    EXPECT_EQ(replayLabel(), QStringLiteral("0 of 7"));
+    arrowsAsBefore();
     expectGameUntouched();
 
     key(Qt::Key_Escape);
     EXPECT_EQ(review->Replay(), nullptr);
     EXPECT_TRUE(board->ItemFor(moved->Id())->isVisible());
+    EXPECT_TRUE(board->Arrows()->isVisible());
+    EXPECT_TRUE(newHandle()->isVisible());
     EXPECT_FALSE(board->viewport()->findChild<QLabel*>(QStringLiteral("lblReplay"))->isVisible());
     expectGameUntouched();
 

@@ -20,6 +20,8 @@
 #include <QPainter>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 std::shared_ptr<CGame> openGame()
@@ -48,6 +50,7 @@ CBoardReview::CBoardReview(mdcBoard* board)
     m_progress->setObjectName(QStringLiteral("lblReplay"));
     m_progress->setAutoFillBackground(true);
     m_progress->setMargin(6);
+    m_progress->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_progress->setToolTip(tr("Space or Right: next change. Left: back. Escape: end."));
     m_progress->hide();
     connect(board->Scene(), &CBoardScene::Rebuilt, this, &CBoardReview::boardRebuilt);
@@ -207,7 +210,10 @@ void CBoardReview::showProgress(int position, int steps)
 {
     m_progress->setText(tr("%1 of %2").arg(position).arg(steps));
     m_progress->adjustSize();
-    m_progress->move(8, 8);
+    // Bottom right of the view, where it hides the least of the board's top
+    // left corner, which most maps fill first.
+    const QSize room = m_progress->parentWidget()->size() - m_progress->size();
+    m_progress->move(std::max(0, room.width() - 8), std::max(0, room.height() - 8));
     m_progress->show();
     m_progress->raise();
 }

@@ -35,7 +35,8 @@ class arcArrows;
 //   are drawn over everything, also into PaintToPbox's picture (print,
 //   export, full screen); they survive rebuilds and are their adder's to
 //   remove. A unit's picture elsewhere, such as a ghost, is a new
-//   CUnitItem(unit, Renderer()) made a child of the layer and moved.
+//   CUnitItem(unit, Renderer(), Pictures()) made a child of the layer and
+//   moved; it looks like the unit's own item at every zoom.
 // - ShowUnitAt shows a unit's own item at another place, and ShowArrowEnd an
 //   arrow with one end elsewhere, until RestoreUnit, a notification of that
 //   unit or a rebuild puts them back where the model has them.
@@ -62,6 +63,8 @@ public:
 
     const std::shared_ptr<IGameContext>& Context() const { return m_context; }
     std::shared_ptr<const CBoardRenderer> Renderer() const { return m_renderer; }
+    // The unit items' pictures at the view's scale, shared by every unit item.
+    const std::shared_ptr<CUnitPictureCache>& Pictures() const { return m_pictures; }
     // Whether a map is shown (a game is open and has an active map).
     bool ShowsMap() const;
     // Whether a board pixel lies on the map picture.
@@ -110,7 +113,7 @@ private:
 
     std::shared_ptr<IGameContext> m_context;
     std::shared_ptr<CBoardRenderer> m_renderer;
-    // The unit items' pictures at the view's scale, made anew with the renderer.
+    // Made anew with the renderer.
     std::shared_ptr<CUnitPictureCache> m_pictures;
     // Items below are owned by the scene.
     CMapPictureItem* m_picture;

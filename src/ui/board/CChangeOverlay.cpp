@@ -19,6 +19,9 @@ namespace {
 const QColor lineColor(255, 160, 0, 220);
 const QColor ringColor(255, 220, 0);
 const QColor arrowGhostColor(60, 60, 60, 110);
+// A glow along an added arrow, drawn under the arrow itself.
+const QColor arrowGlowColor(255, 220, 0, 170);
+constexpr double arrowGlowWidth = 10;
 
 void addLine(QGraphicsItem* layer, QPointF from, QPointF to, const QColor& color,
              Qt::PenStyle style)
@@ -36,6 +39,15 @@ void addRing(QGraphicsItem* layer, const QRectF& picture)
     ring.moveCenter(picture.center());
     auto* item = new QGraphicsEllipseItem(ring, layer);
     item->setPen(QPen(ringColor, 3));
+}
+
+// An added arrow: a glow along it and a ring around its head.
+void addArrowMark(QGraphicsItem* layer, QPointF tail, QPointF head)
+{
+    auto* glow = new QGraphicsLineItem(QLineF(tail, head), layer);
+    glow->setPen(QPen(arrowGlowColor, arrowGlowWidth, Qt::SolidLine, Qt::RoundCap));
+    const double size = 2 * CBoardRenderer::ArrowHeadLength;
+    addRing(layer, QRectF(head.x() - size / 2, head.y() - size / 2, size, size));
 }
 
 } // namespace
@@ -56,9 +68,12 @@ void CChangeOverlay::Show(QGraphicsScene& scene,
     m_over = new CBoardLayer(OverLayer);
     for (const CMapChange& change : comparison.Changes) {
         if (change.IsArrow()) {
+            const QPoint origin = renderer->ArrowOrigin();
             if (change.HasFrom())
-                addLine(m_under, change.From + renderer->ArrowOrigin(),
-                        change.FromHead + renderer->ArrowOrigin(), arrowGhostColor, Qt::DashLine);
+                addLine(m_under, change.From + origin, change.FromHead + origin, arrowGhostColor,
+                        Qt::DashLine);
+            if (change.Kind == CMapChange::ChangeKind::Added)
+                addArrowMark(m_over, change.To + origin, change.ToHead + origin);
             continue;
         }
         const std::shared_ptr<const CUnit> before = CChangeUnits::Before(change);

@@ -14,7 +14,8 @@ struct CMapComparison;
 // removed counters at their older places (under the counters), a line from
 // each moved counter's older place to its new one and a ring around added
 // and changed counters (over them). Removed and moved arrows show as faded
-// lines where they were. The drawing lives in two layers of the board's
+// lines where they were; an added arrow glows along its length and has a
+// ring around its head. The drawing lives in two layers of the board's
 // scene, so export and print show it too; a rebuild of the board that clears
 // the scene takes the layers with it, which the overlay notices.
 class CChangeOverlay

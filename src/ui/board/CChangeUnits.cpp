@@ -42,6 +42,13 @@ std::shared_ptr<const CUnit> CChangeUnits::After(const CMapChange& change)
     return detached(change, change.IdAfter, change.To, change.CaptionAfter, change.DataAfter);
 }
 
+std::shared_ptr<const CUnit> CChangeUnits::Handle(const CMapChange& change, QPoint at)
+{
+    if (!change.IsArrow() || change.TokenId.isEmpty())
+        return nullptr;
+    return detached(change, QString(), at, QString(), QString());
+}
+
 QPointF CChangeUnits::Centre(const CBoardRenderer& renderer, const CUnit& unit)
 {
     return QRectF(renderer.PictureRect(unit)).center();

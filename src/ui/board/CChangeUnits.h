@@ -18,6 +18,9 @@ public:
     // not in the game's module.
     static std::shared_ptr<const CUnit> Before(const CMapChange& change);
     static std::shared_ptr<const CUnit> After(const CMapChange& change);
+    // A handle of an arrow's change standing at at; null for a unit's change
+    // or an arrow without a token of the module.
+    static std::shared_ptr<const CUnit> Handle(const CMapChange& change, QPoint at);
     // The centre of a unit's picture on the board.
     static QPointF Centre(const CBoardRenderer& renderer, const CUnit& unit);
 };

@@ -177,22 +177,19 @@ void CFileMenu::SendToOpponent()
         !Root().PersistMgr().SaveCurrentGame())
         return;
     const QString path = game->FilePath();
-    CMailSender sender;
-    switch (sender.Send(path, CMailSender::Subject(*game))) {
-    case CMailSender::Outcome::MailStarted:
-        break;
-    case CMailSender::Outcome::FolderShown:
-        FMessageBox::Tell(tr("No mail program could be started. The folder that holds '%1' has "
-                             "been opened, so you can attach the game yourself.")
-                              .arg(QFileInfo(path).fileName()),
-                          FMessageBox::Icon::Information);
-        break;
-    case CMailSender::Outcome::Failed:
-        FMessageBox::Tell(tr("No mail program could be started. Attach the game file "
-                             "yourself:\n\n%1")
-                              .arg(QDir::toNativeSeparators(path)),
-                          FMessageBox::Icon::Exclamation);
-
-        break;
-    }
+    // The mail program is watched without waiting for it; what went wrong
+    // is told when it has ended.
+    CMailSender().Send(
+        path, CMailSender::Subject(*game), this, [path](CMailSender::Outcome outcome) {
+            if (outcome == CMailSender::Outcome::FolderShown)
+                FMessageBox::Tell(tr("No mail program could be started. The folder that holds "
+                                     "'%1' has been opened, so you can attach the game yourself.")
+                                      .arg(QFileInfo(path).fileName()),
+                                  FMessageBox::Icon::Information);
+            else if (outcome == CMailSender::Outcome::Failed)
+                FMessageBox::Tell(tr("No mail program could be started. Attach the game file "
+                                     "yourself:\n\n%1")
+                                      .arg(QDir::toNativeSeparators(path)),
+                                  FMessageBox::Icon::Exclamation);
+        });
 }
