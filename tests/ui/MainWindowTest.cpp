@@ -1,7 +1,5 @@
-#include "actions/CActionMgr.h"
 #include "actions/CActionNewMap.h"
 #include "actions/CActionNewMapGroup.h"
-#include "contexts/IGameContext.h"
 #include "model/CGame.h"
 #include "model/CGameEventMgr.h"
 #include "model/CMap.h"
@@ -9,23 +7,16 @@
 #include "render/CMapExport.h"
 #include "support/TestContext.h"
 #include "support/WindowFixture.h"
-#include "tokens/IToken.h"
-#include "ui/app/CGameCommands.h"
-#include "ui/board/CMapState.h"
-#include "ui/docks/UMapTabs.h"
-#include "ui/docks/UTokenPalette.h"
-#include "ui/docks/frmMapText.h"
 #include "ui/board/mdcBoard.h"
+#include "ui/docks/UMapTabs.h"
+#include "ui/docks/frmMapText.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
-#include <QToolBox>
 #include <QUrl>
 
 namespace {
@@ -33,28 +24,12 @@ namespace {
 class MainWindow : public WindowFixture
 {
 protected:
-    // Opens the menu (as a click on its title would) and returns its item.
-    QAction* item(const char* menu, const char* name) const
-    {
-        auto* opened = window->findChild<QMenu*>(QLatin1String(menu));
-        Q_EMIT opened->aboutToShow();
-        return window->findChild<QAction*>(QLatin1String(name));
-    }
     QString shown(const char* menu, const char* name) const
     {
         QAction* found = item(menu, name);
         if (!found->isVisible())
             return QStringLiteral("(hidden)");
         return found->text() + (found->isEnabled() ? QString() : QStringLiteral(" (off)"));
-    }
-    // Drops a counter of the first palette token on the shown map.
-    void dropCounter(std::int32_t x, std::int32_t y) const
-    {
-        Root().Context()->Tokens().Item(1)->HandleDrop(x, y);
-    }
-    QString lastMessage() const
-    {
-        return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
     }
 };
 
@@ -194,7 +169,7 @@ TEST_F(MainWindow, FilesAreSavedOpenedAndRefusedWithoutLosingTheGame)
     EXPECT_TRUE(lastMessage().startsWith(QStringLiteral("File '"))) << lastMessage().toStdString();
     EXPECT_EQ(Root().Game(), game);
     EXPECT_NE(Root().ActionMgr().NextUndoAction(), nullptr);
-    EXPECT_EQ(window->Palette()->findChild<QToolBox*>()->count(), 4);
+    EXPECT_EQ(palettePages(), 4);
 
     const QString foreign = home.WriteFile(QStringLiteral("games/notes.krf"), "just some notes");
     EXPECT_FALSE(CGameCommands::OpenFile(foreign));
