@@ -50,15 +50,6 @@ protected:
         return AddUnit(map, tokenId, x, x * 3 + 1, caption, QString::number(x % 7), x % 2 == 1);
     }
 
-    static std::shared_ptr<CMap> addMap(CMapGroup& group, const QString& name)
-    {
-        auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
-        map->SetName(name);
-        map->SetText(name + QStringLiteral(" text"));
-        group.Maps().AddItem(map);
-        return map;
-    }
-
     static QByteArray fileAround(const QByteArray& body)
     {
         return FileAround(body, alphaId.toLatin1());
@@ -107,15 +98,16 @@ TEST_F(PersistMgrTest, SavedGamesReadBackByteForByteWithTheLastGroupAndMapsActiv
     const auto first = game->ActiveMapGroup();
     first->SetFrozen(true);
     addUnit(*first->ActiveMap(), QStringLiteral("inf"), 10, QStringLiteral("x3"));
-    auto turn2 = addMap(*first, QStringLiteral("Turn 2"));
+    auto turn2 = AddMap(*first, QStringLiteral("Turn 2"));
     turn2->SetRemarks(QStringLiteral("rain"));
+    turn2->SetText(QStringLiteral("Turn 2 text"));
     turn2->AquireLock();
     addUnit(*turn2, QStringLiteral("note"), 40, QStringLiteral("Hold"));
     turn2->ReleaseLock();
     auto second = std::make_shared<CMapGroup>(CUtility::GenerateId());
     game->MapGroups().AddItem(second);
-    addMap(*second, QStringLiteral("Turn 3"));
-    const auto turn4 = addMap(*second, QStringLiteral("Turn 4"));
+    AddMap(*second, QStringLiteral("Turn 3"));
+    const auto turn4 = AddMap(*second, QStringLiteral("Turn 4"));
     game->SwitchTo(second);
     addUnit(*turn4, QStringLiteral("mark"), 5, QStringLiteral("5"));
     // Saved with the first group's first map active.
