@@ -6,6 +6,7 @@
 #include "actions/CActionDeleteUnit.h"
 #include "actions/CActionEditUnit.h"
 #include "actions/CActionMgr.h"
+#include "actions/CActionNewMap.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/FNewGameDlg.h"
@@ -78,6 +79,13 @@ protected:
     }
     static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
     static void run(std::shared_ptr<IAction> action) { Root().ActionMgr().Execute(action); }
+    // A new map of that name after the group's last, as Game > Add Map makes it.
+    static void newMap(const QString& name)
+    {
+        auto action = std::make_shared<CActionNewMap>();
+        action->SetName(name);
+        run(action);
+    }
     // The shown map's unit deleted, or given new data and caption, by an action.
     static void removeUnit(const std::shared_ptr<CUnit>& unit)
     {

@@ -3,7 +3,6 @@
 #include "actions/CActionDeleteArrow.h"
 #include "actions/CActionMoveArrow.h"
 #include "actions/CActionMoveUnit.h"
-#include "actions/CActionNewMap.h"
 #include "actions/CArrowHandles.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
@@ -56,9 +55,7 @@ protected:
         goneArrow = placeArrow(QStringLiteral("attack"), QPoint(500, 60));
         movedArrowBefore = ends(map()->ArrowById(movedArrow).get());
         goneArrowBefore = ends(map()->ArrowById(goneArrow).get());
-        auto next = std::make_shared<CActionNewMap>();
-        next->SetName(QStringLiteral("Turn 2"));
-        run(next);
+        newMap(QStringLiteral("Turn 2"));
         for (const auto& unit : *map()->Units())
             if (unit->Data() == movedArrow + QStringLiteral("|HEAD")) {
                 auto drag = std::make_shared<CActionMoveArrow>();
@@ -384,9 +381,7 @@ TEST_F(ReviewTest, ComparingWithAFileFindsAnAlteredEarlierMapAndPassesAKeptHisto
     };
     QDir().mkpath(home.File(QStringLiteral("games")));
     const QString reply = saveAs(QStringLiteral("reply"));
-    auto third = std::make_shared<CActionNewMap>();
-    third->SetName(QStringLiteral("Turn 3"));
-    run(third);
+    newMap(QStringLiteral("Turn 3"));
     const QString next = saveAs(QStringLiteral("next"));
     ASSERT_TRUE(QFile::copy(next, home.File(QStringLiteral("games/kept.krf"))));
 
