@@ -15,9 +15,9 @@ protected:
             groups[i] = std::make_shared<CMapGroup>(CUtility::GenerateId());
             game->MapGroups().AddItem(groups[i]);
         }
-        m1 = addMap(*groups[0]);
-        m2 = addMap(*groups[0]);
-        m3 = addMap(*groups[1]);
+        m1 = AddMap(*groups[0]);
+        m2 = AddMap(*groups[0]);
+        m3 = AddMap(*groups[1]);
     }
 
     std::shared_ptr<CGame> game;

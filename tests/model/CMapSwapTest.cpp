@@ -15,9 +15,9 @@ protected:
     {
         ModelFixture::SetUp();
         group = std::make_shared<CMapGroup>(CUtility::GenerateId());
-        a = addMap(*group, QStringLiteral("A"));
-        b = addMap(*group, QStringLiteral("B"));
-        c = addMap(*group, QStringLiteral("C"));
+        a = AddMap(*group, QStringLiteral("A"));
+        b = AddMap(*group, QStringLiteral("B"));
+        c = AddMap(*group, QStringLiteral("C"));
         group->SwitchTo(a);
         AddUnit(*a, QStringLiteral("INF"), 10, 20, QStringLiteral("x3"), QStringLiteral("3"));
         AddUnit(*a, QStringLiteral("ARROW"), -5, 7000, QString(), QString(), true);
@@ -120,7 +120,7 @@ TEST_F(MapSwap, swapFailuresFailTheSwitchAndKeepTheMapsAsTheyWere)
 
     // One written for another module, even with the same counters in the same places.
     QFile::remove(a->SwapFile());
-    a = addMap(*group, QStringLiteral("A2"));
+    a = AddMap(*group, QStringLiteral("A2"));
     group->SwitchTo(a);
     AddUnit(*a, QStringLiteral("INF"), 1, 1, QString(), QString());
     group->SwitchTo(c);

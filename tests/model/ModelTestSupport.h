@@ -48,6 +48,15 @@ inline std::shared_ptr<CArrow> AddArrow(CMap& map, std::int32_t tailX, std::int3
     return arrow;
 }
 
+// A map appended to a group (not made its active one).
+inline std::shared_ptr<CMap> AddMap(CMapGroup& group, const QString& name = QString())
+{
+    auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
+    map->SetName(name);
+    group.Maps().AddItem(map);
+    return map;
+}
+
 // A root with an active test context holding a quantity, an empty, an arrow,
 // a numeric and a second empty token (at indexes 1 to 5).
 class ModelFixture : public RootFixture
@@ -68,14 +77,6 @@ protected:
     std::shared_ptr<IToken> token(const QString& id) const
     {
         return context->Tokens().Item(CUtility::SearchById(context->Tokens(), id));
-    }
-
-    static std::shared_ptr<CMap> addMap(CMapGroup& group, const QString& name = QString())
-    {
-        auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
-        map->SetName(name);
-        group.Maps().AddItem(map);
-        return map;
     }
 
     // Every unit and arrow of a locked map, one line each, in list order.

@@ -23,7 +23,7 @@ TEST_F(GameFile, gamesAreWrittenExactlyAsTheFormatSaysReadBackWholeOrNotAtAll)
         auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
         group->SetFrozen(true);
         game.MapGroups().AddItem(group);
-        const auto map = addMap(*group, QStringLiteral("Start"));
+        const auto map = AddMap(*group, QStringLiteral("Start"));
         map->SetRemarks(QStringLiteral("R"));
         map->SetText(QStringLiteral("T"));
         map->SetFrozen(true);

@@ -13,6 +13,7 @@
 #include "model/ModelTestSupport.h"
 #include "persist/CGameFile.h"
 #include "persist/CPersistMgr.h"
+#include "support/ResourceUse.h"
 #include "tokens/IToken.h"
 
 #include <QDir>
@@ -21,7 +22,6 @@
 #include <csignal>
 #include <cstring>
 #include <limits>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -50,15 +50,6 @@ protected:
         return AddUnit(map, tokenId, x, x * 3 + 1, caption, QString::number(x % 7), x % 2 == 1);
     }
 
-    static std::shared_ptr<CMap> addMap(CMapGroup& group, const QString& name)
-    {
-        auto map = std::make_shared<CMap>(CUtility::GenerateId(), group.Id());
-        map->SetName(name);
-        map->SetText(name + QStringLiteral(" text"));
-        group.Maps().AddItem(map);
-        return map;
-    }
-
     static QByteArray fileAround(const QByteArray& body)
     {
         return FileAround(body, alphaId.toLatin1());
@@ -77,21 +68,6 @@ protected:
             body.i16(static_cast<std::int16_t>(maps)).append(emptyMap.repeated(maps));
         }
         return fileAround(body.data());
-    }
-    static qint64 peakKiB()
-    {
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        return static_cast<qint64>(usage.ru_maxrss);
-    }
-    // Processor time this process has used: unlike the clock on the wall, it
-    // does not grow when other work shares the machine.
-    static qint64 cpuMilliseconds()
-    {
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
-               (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
     }
 
     static QByteArray currentImage() { return CGameFile::ToBytes(*Root().Game(), alphaId); }
@@ -122,15 +98,16 @@ TEST_F(PersistMgrTest, SavedGamesReadBackByteForByteWithTheLastGroupAndMapsActiv
     const auto first = game->ActiveMapGroup();
     first->SetFrozen(true);
     addUnit(*first->ActiveMap(), QStringLiteral("inf"), 10, QStringLiteral("x3"));
-    auto turn2 = addMap(*first, QStringLiteral("Turn 2"));
+    auto turn2 = AddMap(*first, QStringLiteral("Turn 2"));
     turn2->SetRemarks(QStringLiteral("rain"));
+    turn2->SetText(QStringLiteral("Turn 2 text"));
     turn2->AquireLock();
     addUnit(*turn2, QStringLiteral("note"), 40, QStringLiteral("Hold"));
     turn2->ReleaseLock();
     auto second = std::make_shared<CMapGroup>(CUtility::GenerateId());
     game->MapGroups().AddItem(second);
-    addMap(*second, QStringLiteral("Turn 3"));
-    const auto turn4 = addMap(*second, QStringLiteral("Turn 4"));
+    AddMap(*second, QStringLiteral("Turn 3"));
+    const auto turn4 = AddMap(*second, QStringLiteral("Turn 4"));
     game->SwitchTo(second);
     addUnit(*turn4, QStringLiteral("mark"), 5, QStringLiteral("5"));
     // Saved with the first group's first map active.
@@ -283,8 +260,8 @@ TEST_F(PersistMgrTest, DamagedFilesAreRefusedWithTheirReasonAndChangeNothing)
     };
     for (const auto& c : cases) {
         // Each case takes seconds at most and no large allocation.
-        const qint64 peakBefore = peakKiB();
-        const qint64 cpuBefore = cpuMilliseconds();
+        const qint64 peakBefore = PeakKiB(RUSAGE_SELF);
+        const qint64 cpuBefore = CpuMilliseconds(RUSAGE_SELF);
         const QString name = QLatin1String(c.file);
         const QString path =
             name == QLatin1String("absent.krf") ? home.File(name) : home.WriteFile(name, c.bytes);
@@ -304,8 +281,8 @@ TEST_F(PersistMgrTest, DamagedFilesAreRefusedWithTheirReasonAndChangeNothing)
         EXPECT_EQ(currentImage(), before) << c.file;
         EXPECT_EQ(game->Dirty(), 2);
         EXPECT_EQ(game->File(), QStringLiteral("current"));
-        EXPECT_LT(cpuMilliseconds() - cpuBefore, 10000) << c.file;
-        EXPECT_LT(peakKiB() - peakBefore, 200 * 1024) << c.file;
+        EXPECT_LT(CpuMilliseconds(RUSAGE_SELF) - cpuBefore, 10000) << c.file;
+        EXPECT_LT(PeakKiB(RUSAGE_SELF) - peakBefore, 200 * 1024) << c.file;
     }
 }
 
@@ -314,8 +291,8 @@ TEST_F(PersistMgrTest, ALargeGameOfEmptyMapsLoadsQuicklyWithoutSwapFiles)
 {
     startAlpha();
     const QString path = home.WriteFile(QStringLiteral("many.krf"), emptyMaps(3, 32767, 10));
-    const qint64 peakBefore = peakKiB();
-    const qint64 cpuBefore = cpuMilliseconds();
+    const qint64 peakBefore = PeakKiB(RUSAGE_SELF);
+    const qint64 cpuBefore = CpuMilliseconds(RUSAGE_SELF);
     // Counting units visits every map as the board and dump do.
     ASSERT_TRUE(Root().PersistMgr().LoadGameFromFile(path));
     std::int64_t units = 0;
@@ -327,8 +304,8 @@ TEST_F(PersistMgrTest, ALargeGameOfEmptyMapsLoadsQuicklyWithoutSwapFiles)
     EXPECT_EQ(Root().Game()->GetMapCount(), 2 * 32767 + 10);
     EXPECT_EQ(units, 0);
     EXPECT_EQ(QDir(CUtility::GetCacheDir()).entryList({"*.tmp"}, QDir::Files), QStringList());
-    EXPECT_LT(cpuMilliseconds() - cpuBefore, 10000);
-    EXPECT_LT(peakKiB() - peakBefore, 200 * 1024);
+    EXPECT_LT(CpuMilliseconds(RUSAGE_SELF) - cpuBefore, 10000);
+    EXPECT_LT(PeakKiB(RUSAGE_SELF) - peakBefore, 200 * 1024);
 }
 
 TEST_F(PersistMgrTest, AFailedSaveKeepsTheOldFileTheGameDirtyAndTheHistoryAndALaterOneReplacesIt)

@@ -62,9 +62,6 @@ TEST(MapComparer, ATurnOfMovesSwapsAndReordersReadsAsItsRealChanges)
     const CMapComparison result = CMapComparer::Compare(older, newer);
     EXPECT_EQ(wordsOf(result), QStringList({"Red Infantry x3 moved from (120, 80) to (216, 80)",
                                             "Blue Armour removed from (640, 300)"}));
-    EXPECT_EQ(result.Count.Moved, 1);
-    EXPECT_EQ(result.Count.Removed, 1);
-    EXPECT_EQ(result.Count.Total(), 2);
     ASSERT_EQ(result.Changes.size(), 2u);
     EXPECT_EQ(result.Changes[0].IdBefore, older.Units[0].Id);
     EXPECT_EQ(result.Changes[0].IdAfter, older.Units[0].Id);
@@ -202,10 +199,6 @@ TEST(MapComparer, ArrowsAreMatchedByTokenColourTailAndHead)
     after.Arrows = {arrow(50, 50, 60, 60, 0xFF0000), arrow(10, 20, 150, 120, 255),
                     arrow(70, 70, 80, 80, 0x00FF00)};
     const CMapComparison result = CMapComparer::Compare(before, after);
-    EXPECT_EQ(result.Count.ArrowsMoved, 1);
-    EXPECT_EQ(result.Count.ArrowsAdded, 1);
-    EXPECT_EQ(result.Count.ArrowsRemoved, 1);
-    EXPECT_EQ(result.Count.Units(), 0);
     EXPECT_EQ(wordsOf(result),
               QStringList({QString::fromUtf8(
                                "Move Arrow moved from (10, 20)–(110, 120) to (10, 20)–(150, 120)"),

@@ -21,9 +21,9 @@ protected:
         game = std::make_shared<CGame>(CUtility::GenerateId());
         for (int g = 0; g < 3; ++g)
             game->MapGroups().AddItem(std::make_shared<CMapGroup>(CUtility::GenerateId()));
-        start = addMap(*groupAt(1), QStringLiteral("Start"));
-        turn2 = addMap(*groupAt(1), QStringLiteral("Turn 2"));
-        turn3 = addMap(*groupAt(3), QStringLiteral("Turn 3"));
+        start = AddMap(*groupAt(1), QStringLiteral("Start"));
+        turn2 = AddMap(*groupAt(1), QStringLiteral("Turn 2"));
+        turn3 = AddMap(*groupAt(3), QStringLiteral("Turn 3"));
         fill(*start, 10);
         fill(*turn2, 50);
         turn2->SetText(QStringLiteral("Rain"));
@@ -91,7 +91,7 @@ TEST_F(ReviewModel, AGameComparedWithACopyFindsTheAlteredMapAndTheNewOnes)
     QString error;
     const auto kept = CGameFile::FromBytes(bytes, &error);
     ASSERT_TRUE(kept) << error.toStdString();
-    addMap(*kept->MapGroups().Item(3), QStringLiteral("Turn 4"));
+    AddMap(*kept->MapGroups().Item(3), QStringLiteral("Turn 4"));
 
     CGameComparison result = CGameComparer::Compare(*game, *kept);
     EXPECT_TRUE(result.Kept());

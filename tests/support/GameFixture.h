@@ -20,8 +20,8 @@ protected:
         game = std::make_shared<CGame>(CUtility::GenerateId());
         group = std::make_shared<CMapGroup>(CUtility::GenerateId());
         game->MapGroups().AddItem(group);
-        first = addMap(*group, QStringLiteral("Turn 1"));
-        second = addMap(*group, QStringLiteral("Turn 2"));
+        first = AddMap(*group, QStringLiteral("Turn 1"));
+        second = AddMap(*group, QStringLiteral("Turn 2"));
         game->SwitchTo(group);
         Root().SetGame(game);
         events = std::make_shared<EventLog>();

@@ -3,15 +3,28 @@
 // Used by the window tests only: they link the UI and know where the build
 // put the modules it ships.
 
+#include "actions/CActionDeleteUnit.h"
+#include "actions/CActionEditUnit.h"
+#include "actions/CActionMgr.h"
+#include "actions/CActionNewMap.h"
+#include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/FNewGameDlg.h"
+#include "model/CMap.h"
 #include "support/ContextTestSupport.h"
 #include "support/RootFixture.h"
 #include "support/ScriptedFileDlg.h"
 #include "support/ScriptedGui.h"
+#include "tokens/IToken.h"
 #include "ui/app/CGameCommands.h"
 #include "ui/app/CWidgetGui.h"
 #include "ui/app/mdiMain.h"
+#include "ui/board/CMapState.h"
+#include "ui/docks/UTokenPalette.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QToolBox>
 
 #include <QDir>
 #include <QFile>
@@ -63,6 +76,49 @@ protected:
     {
         gui->NewGame.GameId = QStringLiteral("krm_border_skirmish_by_korvane_v1");
         ASSERT_TRUE(CGameCommands::NewGame());
+    }
+    static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
+    static void run(std::shared_ptr<IAction> action) { Root().ActionMgr().Execute(action); }
+    // A new map of that name after the group's last, as Game > Add Map makes it.
+    static void newMap(const QString& name)
+    {
+        auto action = std::make_shared<CActionNewMap>();
+        action->SetName(name);
+        run(action);
+    }
+    // The shown map's unit deleted, or given new data and caption, by an action.
+    static void removeUnit(const std::shared_ptr<CUnit>& unit)
+    {
+        auto removal = std::make_shared<CActionDeleteUnit>();
+        removal->SetMapId(map()->Id());
+        removal->SetUnit(unit);
+        run(removal);
+    }
+    static void editUnit(const std::shared_ptr<CUnit>& unit, const QString& data,
+                         const QString& caption)
+    {
+        auto edit = std::make_shared<CActionEditUnit>();
+        edit->SetMapId(map()->Id());
+        edit->SetUnitId(unit->Id());
+        edit->SetData(data);
+        edit->SetUnitCaption(caption);
+        run(edit);
+    }
+    // Opens the menu (as a click on its title would) and returns its item.
+    QAction* item(const char* menu, const char* name) const
+    {
+        Q_EMIT window->findChild<QMenu*>(QLatin1String(menu))->aboutToShow();
+        return window->findChild<QAction*>(QLatin1String(name));
+    }
+    // Drops a counter of the module's first token on the shown map.
+    static void dropCounter(std::int32_t x = 150, std::int32_t y = 150)
+    {
+        Root().Context()->Tokens().Item(1)->HandleDrop(x, y);
+    }
+    int palettePages() const { return window->Palette()->findChild<QToolBox*>()->count(); }
+    QString lastMessage() const
+    {
+        return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
     }
     std::unique_ptr<CGui> MakeGui() override
     {

@@ -4,24 +4,14 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 #include "persist/CGameFile.h"
+#include "support/ResourceUse.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
 #include <QtEndian>
 
-#include <sys/resource.h>
 #include <zlib.h>
-
-// Sanitized builds keep shadow memory and freed blocks in quarantine, so
-// their peak says nothing of the reader's own.
-#if defined(__SANITIZE_ADDRESS__)
-#define KORVANE_SANITIZED 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KORVANE_SANITIZED 1
-#endif
-#endif
 
 namespace {
 
@@ -173,8 +163,6 @@ TEST_F(ToolGameFile, AGameFollowedByZerosOpensInLittleMoreMemoryThanItsBody)
 #ifndef KORVANE_SANITIZED
     // The largest child so far, in KiB: the tool, which needs its body and
     // far less than 64 MiB besides.
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    EXPECT_LT(usage.ru_maxrss, bodyLength / 1024 + 64 * 1024);
+    EXPECT_LT(PeakKiB(RUSAGE_CHILDREN), bodyLength / 1024 + 64 * 1024);
 #endif
 }

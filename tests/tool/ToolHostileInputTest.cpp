@@ -7,17 +7,9 @@
 #include "contexts/CResFileWriter.h"
 
 #ifdef Q_OS_UNIX
-#include <sys/resource.h>
+#include "support/ResourceUse.h"
 
-// Sanitized builds run several times slower and keep freed memory in
-// quarantine, so only their processor time is checked, against a looser bound.
-#if defined(__SANITIZE_ADDRESS__)
-#define KORVANE_SANITIZED 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KORVANE_SANITIZED 1
-#endif
-#endif
+// Sanitized builds: only their processor time is checked, against a looser bound.
 
 namespace {
 
@@ -27,16 +19,6 @@ constexpr qint64 MaxMilliseconds = 8000;
 constexpr qint64 MaxMilliseconds = 2000;
 constexpr long MaxKilobytes = 200 * 1024;
 #endif
-
-// Processor time used by the finished children: unlike the clock on the
-// wall, it does not grow when other work shares the machine.
-qint64 childCpuMilliseconds()
-{
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
-           (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
-}
 
 QByteArray packWithDefinition(const QByteArray& definition)
 {
@@ -93,9 +75,9 @@ TEST_F(ToolHostileInput, HostileFilesAreRefusedQuicklyInLittleMemory)
     for (const HostileCase& hostile : cases) {
         SCOPED_TRACE(hostile.Name);
         const QString path = home.WriteFile(QString::fromLatin1(hostile.FileName), hostile.Bytes);
-        const qint64 cpuBefore = childCpuMilliseconds();
+        const qint64 cpuBefore = CpuMilliseconds(RUSAGE_CHILDREN);
         const ToolRun run = Tool({QStringLiteral("check-module"), path});
-        const qint64 elapsed = childCpuMilliseconds() - cpuBefore;
+        const qint64 elapsed = CpuMilliseconds(RUSAGE_CHILDREN) - cpuBefore;
         EXPECT_EQ(run.Status, 1);
         EXPECT_TRUE((run.Out + run.Err).contains(QString::fromLatin1(hostile.Message)))
             << run.Out.toStdString() << run.Err.toStdString();
@@ -104,9 +86,7 @@ TEST_F(ToolHostileInput, HostileFilesAreRefusedQuicklyInLittleMemory)
         // The largest child so far (counting the pages it shared with this
         // process when forked, so an upper bound): each case is checked as it
         // comes, so the first to pass the bound is the one at fault.
-        rusage usage{};
-        getrusage(RUSAGE_CHILDREN, &usage);
-        EXPECT_LT(usage.ru_maxrss, MaxKilobytes);
+        EXPECT_LT(PeakKiB(RUSAGE_CHILDREN), MaxKilobytes);
 #endif
     }
 }

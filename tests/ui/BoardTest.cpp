@@ -1,21 +1,15 @@
-#include "actions/CActionDeleteUnit.h"
-#include "actions/CActionEditUnit.h"
-#include "actions/CActionMgr.h"
 #include "core/CDragDropMgr.h"
 #include "model/CArrow.h"
 #include "model/CMap.h"
 #include "model/CUnit.h"
 #include "render/CBoardRenderer.h"
 #include "support/WindowFixture.h"
-#include "tokens/IToken.h"
 #include "ui/board/CBoardDrag.h"
 #include "ui/board/CBoardScene.h"
 #include "ui/board/CBoardZoom.h"
-#include "ui/board/CMapState.h"
 #include "ui/board/CUnitItem.h"
 #include "ui/board/arcArrows.h"
 #include "ui/board/mdcBoard.h"
-#include "ui/docks/UTokenPalette.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -41,15 +35,10 @@ protected:
         WindowFixture::SetUp();
         board = window->Board();
         newGame();
-        while (map()->Units()->Count() > 0) {
-            auto removal = std::make_shared<CActionDeleteUnit>();
-            removal->SetMapId(map()->Id());
-            removal->SetUnit(map()->Units()->Item(1));
-            Root().ActionMgr().Execute(removal);
-        }
+        while (map()->Units()->Count() > 0)
+            removeUnit(map()->Units()->Item(1));
         Root().ActionMgr().Clear();
     }
-    static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
     static std::int32_t units() { return map()->Units()->Count(); }
     static std::shared_ptr<CUnit> last() { return map()->Units()->Item(units()); }
     QPoint view(QPoint boardPixel) const { return board->mapFromScene(QPointF(boardPixel)); }
@@ -98,12 +87,7 @@ protected:
     std::shared_ptr<CUnit> stack(QPoint centre, int count) const
     {
         dropFromPalette(QStringLiteral("red_inf"), centre);
-        auto edit = std::make_shared<CActionEditUnit>();
-        edit->SetMapId(map()->Id());
-        edit->SetUnitId(last()->Id());
-        edit->SetData(QString::number(count));
-        edit->SetUnitCaption(QStringLiteral("x%1").arg(count));
-        Root().ActionMgr().Execute(edit);
+        editUnit(last(), QString::number(count), QStringLiteral("x%1").arg(count));
         return last();
     }
 
@@ -257,10 +241,7 @@ TEST_F(BoardTest, EveryWayOutOfADragPutsTheUnitBackAndRecordsNothing)
     }
     // The dragged stack deleted under the pointer: the drag lets go of it.
     grab();
-    auto removal = std::make_shared<CActionDeleteUnit>();
-    removal->SetMapId(map()->Id());
-    removal->SetUnit(unit);
-    Root().ActionMgr().Execute(removal);
+    removeUnit(unit);
     EXPECT_EQ(board->Drag()->Current(), CBoardDrag::State::Idle);
     EXPECT_FALSE(Root().DragDropMgr().DragInProgress());
     mouse(QEvent::MouseButtonRelease, QPoint(400, 300));
@@ -397,35 +378,28 @@ TEST_F(BoardTest, ArrowHeadDraggedByItsHandleAndUndoneFollowsOnTheBoard)
     EXPECT_EQ(board->Arrows()->Count(), 0);
 }
 
-// The board on screen, its printed picture and the renderer's picture of the
-// same map agree pixel for pixel: they paint through the same routines.
-TEST_F(BoardTest, GrabAtFullSizeMatchesTheRenderedMap)
-{
-    stack(QPoint(100, 100), 4);
-    stack(QPoint(400, 300), 7);
-    dropFromPalette(QStringLiteral("move"), QPoint(250, 200));
-    board->ZoomReset();
-    board->horizontalScrollBar()->setValue(0);
-    board->verticalScrollBar()->setValue(0);
-    const QImage rendered = CBoardRenderer(Root().Context())
-                                .RenderMap(*map(), 1.0)
-                                .convertToFormat(QImage::Format_RGB32);
-    const QImage grabbed =
-        board->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_EQ(board->PaintToPbox().convertToFormat(QImage::Format_RGB32), rendered);
-    const QRect common = rendered.rect() & grabbed.rect();
-    ASSERT_GT(common.width(), 400);
-    ASSERT_GT(common.height(), 300);
-    EXPECT_EQ(grabbed.copy(common), rendered.copy(common));
-}
-
-// Zoomed out or in, the view draws from reduced copies of the map and cached
-// counter pictures; they stand where the renderer puts them at that scale.
-TEST_F(BoardTest, ZoomedBoardShowsTheRenderedMapAtThatScale)
+// At full size the board on screen, its printed picture and the renderer's
+// picture of the same map agree pixel for pixel: they paint through the same
+// routines. Zoomed out or in, the view draws from reduced copies of the map
+// and cached counter pictures; they stand where the renderer puts them.
+TEST_F(BoardTest, BoardShowsTheRenderedMapExactlyAtFullSizeAndAtItsScaleZoomed)
 {
     for (int i = 0; i < 12; ++i)
         stack(QPoint(93 + 61 * i, 101 + 37 * (i % 5)), i % 4 + 2);
     dropFromPalette(QStringLiteral("move"), QPoint(250, 200));
+    board->horizontalScrollBar()->setValue(0);
+    board->verticalScrollBar()->setValue(0);
+    const QImage atFull = CBoardRenderer(Root().Context())
+                              .RenderMap(*map(), 1.0)
+                              .convertToFormat(QImage::Format_RGB32);
+    const QImage onScreen =
+        board->viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(board->PaintToPbox().convertToFormat(QImage::Format_RGB32), atFull);
+    const QRect shown = atFull.rect() & onScreen.rect();
+    ASSERT_GT(shown.width(), 400);
+    ASSERT_GT(shown.height(), 300);
+    EXPECT_EQ(onScreen.copy(shown), atFull.copy(shown));
+
     for (const double scale : {0.25, 1.0 / 3, 0.5, 2.0}) {
         SCOPED_TRACE(scale);
         board->ZoomReset();

@@ -121,7 +121,7 @@ TEST_F(Dialogs, nameDialogsRefuseBadNamesAndStayOpenWithTheFocusOnTheName)
 {
     const auto archive = std::make_shared<CMapGroup>(CUtility::GenerateId());
     game->MapGroups().AddItem(archive);
-    addMap(*archive, QStringLiteral("Setup"));
+    AddMap(*archive, QStringLiteral("Setup"));
     const QString chars = CNameCheck::CharactersMessage();
     EXPECT_EQ(chars, "Name cannot contain any of the following characters:\r\t\\/:*?\"<>|&");
 

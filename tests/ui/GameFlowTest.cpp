@@ -1,18 +1,12 @@
-#include "actions/CActionMgr.h"
-#include "contexts/IGameContext.h"
 #include "model/CGame.h"
 #include "persist/CPersistMgr.h"
 #include "persist/CRecoveryMgr.h"
 #include "support/WindowFixture.h"
-#include "tokens/IToken.h"
-#include "ui/app/CGameCommands.h"
 #include "ui/app/CProgram.h"
 #include "ui/app/CRecentFiles.h"
 #include "ui/board/mdcBoard.h"
-#include "ui/docks/UTokenPalette.h"
 
 #include <QFileInfo>
-#include <QToolBox>
 
 namespace {
 
@@ -33,12 +27,6 @@ protected:
         noBoard.WithBoard = false;
         noBoard.WriteTo(home.File(QStringLiteral("modules/noboard.krm")));
         WindowFixture::SetUp();
-    }
-    void dropCounter() const { Root().Context()->Tokens().Item(1)->HandleDrop(150, 150); }
-    int palettePages() const { return window->Palette()->findChild<QToolBox*>()->count(); }
-    QString lastMessage() const
-    {
-        return gui->Boxes.Boxes.empty() ? QString() : gui->Boxes.Boxes.back().Text;
     }
     // A game file of the module whose body cannot be read.
     QString damagedFile(const QString& name) const
@@ -92,14 +80,6 @@ TEST_F(GameFlow, AFileRefusedWhileNoGameIsOpenLeavesNoModuleBehind)
     EXPECT_FALSE(CGameCommands::OpenFile(broken));
     EXPECT_TRUE(lastMessage().contains(QStringLiteral("broken game.krf")));
     expectEmptyWindow();
-
-    // With a game open, the game and its module stay.
-    newGame();
-    const std::shared_ptr<CGame> game = Root().Game();
-    EXPECT_FALSE(CGameCommands::OpenFile(broken));
-    EXPECT_EQ(Root().Game(), game);
-    EXPECT_EQ(palettePages(), 4);
-    EXPECT_FALSE(window->Board()->sceneRect().isEmpty());
 }
 
 TEST_F(GameFlow, ASaveFromTheSaveQuestionIsFollowedLikeFileSave)

@@ -1,12 +1,8 @@
 #include "actions/CActionAddArrow.h"
 #include "actions/CActionAddUnit.h"
 #include "actions/CActionDeleteArrow.h"
-#include "actions/CActionDeleteUnit.h"
-#include "actions/CActionEditUnit.h"
-#include "actions/CActionMgr.h"
 #include "actions/CActionMoveArrow.h"
 #include "actions/CActionMoveUnit.h"
-#include "actions/CActionNewMap.h"
 #include "actions/CArrowHandles.h"
 #include "model/CArrow.h"
 #include "model/CGame.h"
@@ -14,28 +10,23 @@
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
 #include "render/CBoardRenderer.h"
-#include "render/CMapExport.h"
 #include "support/WindowFixture.h"
-#include "tokens/IToken.h"
 #include "ui/app/CReviewWindows.h"
 #include "ui/board/CBoardReview.h"
 #include "ui/board/CBoardScene.h"
 #include "ui/board/CChangeReplay.h"
-#include "ui/board/CMapState.h"
 #include "ui/board/CUnitGhostItem.h"
 #include "ui/board/CUnitItem.h"
 #include "ui/board/arcArrows.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/docks/frmChanges.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QGraphicsEllipseItem>
 #include <QGraphicsLineItem>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenu>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -63,9 +54,7 @@ protected:
         goneArrow = placeArrow(QStringLiteral("attack"), QPoint(500, 60));
         movedArrowBefore = ends(map()->ArrowById(movedArrow).get());
         goneArrowBefore = ends(map()->ArrowById(goneArrow).get());
-        auto next = std::make_shared<CActionNewMap>();
-        next->SetName(QStringLiteral("Turn 2"));
-        run(next);
+        newMap(QStringLiteral("Turn 2"));
         for (const auto& unit : *map()->Units())
             if (unit->Data() == movedArrow + QStringLiteral("|HEAD")) {
                 auto drag = std::make_shared<CActionMoveArrow>();
@@ -81,26 +70,16 @@ protected:
         run(gone);
         newArrow = placeArrow(QStringLiteral("move"), QPoint(40, 250));
         move(unitOf(QStringLiteral("red_inf")), QPoint(220, 132));
-        auto removal = std::make_shared<CActionDeleteUnit>();
-        removal->SetMapId(map()->Id());
-        removal->SetUnit(unitOf(QStringLiteral("blue_art")));
-        run(removal);
+        removeUnit(unitOf(QStringLiteral("blue_art")));
         auto note = std::make_shared<CActionAddUnit>();
         note->SetMapId(map()->Id());
         note->SetTokenId(QStringLiteral("note"));
         note->SetPosition(300, 300);
         run(note);
-        auto loss = std::make_shared<CActionEditUnit>();
-        loss->SetMapId(map()->Id());
-        loss->SetUnitId(unitOf(QStringLiteral("blue_inf"))->Id());
-        loss->SetData(QStringLiteral("2"));
-        loss->SetUnitCaption(QStringLiteral("x2"));
-        run(loss);
+        editUnit(unitOf(QStringLiteral("blue_inf")), QStringLiteral("2"), QStringLiteral("x2"));
         dirty = Root().Game()->Dirty();
         undoPos = Root().ActionMgr().UndoPos();
     }
-    static std::shared_ptr<CMap> map() { return CMapState::ActiveMap(); }
-    static void run(std::shared_ptr<IAction> action) { Root().ActionMgr().Execute(action); }
     static QString placeArrow(const QString& tokenId, QPoint tail)
     {
         auto arrow = std::make_shared<CActionAddArrow>();
@@ -134,11 +113,6 @@ protected:
         moving->SetUnitId(unit->Id());
         moving->SetPosition(to.x(), to.y());
         run(moving);
-    }
-    QAction* item(const char* menu, const char* name) const
-    {
-        Q_EMIT window->findChild<QMenu*>(QLatin1String(menu))->aboutToShow();
-        return window->findChild<QAction*>(QLatin1String(name));
     }
     void key(int code) const { QTest::keyClick(board, static_cast<Qt::Key>(code)); }
     QString replayLabel() const
@@ -201,7 +175,6 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     EXPECT_TRUE(ringAt(newHead));
     EXPECT_EQ(window->Review()->SummaryLabel()->text(),
               turn1->Name() + QStringLiteral(" → Turn 2: ") + review->Comparison().Summary());
-    EXPECT_TRUE(window->Review()->SummaryLabel()->text().contains(QStringLiteral("1 moved")));
     expectGameUntouched();
 
     // The list names every change; a click brings the board to it.
@@ -245,7 +218,8 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     QCoreApplication::processEvents();
     EXPECT_EQ(lineEndingAt(QPointF(240, 152)).p1(), oldCentre);
 
-    // The exported picture is the board's, overlay and all.
+    // The exported picture is the board's, overlay and all (the renderer's
+    // alone lacks the overlay, so this fails if the export ignores it).
     const QString exported = home.File(QStringLiteral("changes.png"));
     gui->Save.Choose(home.File(QString()), QStringLiteral("changes"), QStringLiteral("png"));
     item("mnuFile", "mnuFileExport")->trigger();
@@ -253,9 +227,6 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     ASSERT_FALSE(picture.isNull());
     EXPECT_EQ(picture.convertToFormat(QImage::Format_ARGB32),
               board->PaintToPbox().convertToFormat(QImage::Format_ARGB32));
-    EXPECT_NE(picture.convertToFormat(QImage::Format_ARGB32),
-              QImage::fromData(CMapExport::Render(map(), Root().Context(), 1.0).Png)
-                  .convertToFormat(QImage::Format_ARGB32));
 
     // The game's first map has nothing before it: nothing shows, the item
     // is off; the next map shows its changes again.
@@ -272,8 +243,7 @@ TEST_F(ReviewTest, ChangesShowOnTheBoardFollowMovesAndMapsAndLeaveTheGameAlone)
     item("mnuView", "mnuViewShowChanges")->trigger();
     EXPECT_FALSE(review->Shown());
     EXPECT_EQ(review->Overlay().Marks(), 0);
-    EXPECT_EQ(Root().Game()->Dirty(), dirty);
-    EXPECT_EQ(Root().ActionMgr().UndoPos(), undoPos);
+    expectGameUntouched();
 }
 
 TEST_F(ReviewTest, ReplayStepsOnAndBackAndEndsByEscapeOrByAChange)
@@ -408,9 +378,7 @@ TEST_F(ReviewTest, ComparingWithAFileFindsAnAlteredEarlierMapAndPassesAKeptHisto
     };
     QDir().mkpath(home.File(QStringLiteral("games")));
     const QString reply = saveAs(QStringLiteral("reply"));
-    auto third = std::make_shared<CActionNewMap>();
-    third->SetName(QStringLiteral("Turn 3"));
-    run(third);
+    newMap(QStringLiteral("Turn 3"));
     const QString next = saveAs(QStringLiteral("next"));
     ASSERT_TRUE(QFile::copy(next, home.File(QStringLiteral("games/kept.krf"))));
 
