@@ -14,6 +14,8 @@
 #include "model/CUnit.h"
 #include "tokens/IToken.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 // Toward the middle: forward when at most half way across, else back.
@@ -37,7 +39,9 @@ void CActionAddArrow::Execute()
     const std::shared_ptr<IGameContext>& context = Root().Context();
     if (!token || !context)
         throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The arrow \"%1\" is not part of the active game module")
+                           QCoreApplication::translate(
+                               "IAction", "The arrow \"%1\" is not part of the active game module")
+
                                .arg(m_tokenId));
     if (m_arrowId.isEmpty()) {
         m_arrowId = CUtility::GenerateId();
@@ -83,7 +87,8 @@ void CActionAddArrow::Reverse()
     scope.Denote(QStringLiteral("ArrowId=") + m_arrowId);
     if (CUtility::SearchById(CActionHelper::Arrows(*map, source), m_arrowId) == 0)
         throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The arrow %1 is not on map %2").arg(m_arrowId, m_mapId));
+                           QCoreApplication::translate("IAction", "The arrow %1 is not on map %2")
+                               .arg(m_arrowId, m_mapId));
     const CArrowHandles::Removal removed = CArrowHandles::Take(*map, m_arrowId, source);
 
     CActionHelper::AddDirty(-1);

@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -32,7 +33,10 @@ public:
     const QString& HeadUnitId() const { return m_headUnitId; }
     const QString& TailUnitId() const { return m_tailUnitId; }
 
-    QString Caption() const override { return QStringLiteral("Place New Arrow"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Place New Arrow");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

@@ -11,6 +11,8 @@
 #include "model/CUnit.h"
 #include "tokens/IToken.h"
 
+#include <QCoreApplication>
+
 void CActionAddUnit::Execute()
 {
     CTraceScope scope("IAction_Execute", "CActionAddUnit");
@@ -19,10 +21,12 @@ void CActionAddUnit::Execute()
     CVector<CUnit>& units = CActionHelper::Units(*map, source);
     const std::shared_ptr<IToken> token = CActionHelper::Game(source).TokenById(m_tokenId);
     if (!token)
-        throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The counter \"%1\" is not part of the active game "
-                                          "module")
-                               .arg(m_tokenId));
+        throw KorvaneError(
+            91, QLatin1String(source),
+            QCoreApplication::translate("IAction",
+                                        "The counter \"%1\" is not part of the active game module")
+
+                .arg(m_tokenId));
     if (m_unitId.isEmpty())
         m_unitId = CUtility::GenerateId();
     scope.Denote(QStringLiteral("UnitId=") + m_unitId);
@@ -47,7 +51,8 @@ void CActionAddUnit::Reverse()
     const std::int32_t position = CActionHelper::UnitPosition(units, m_unitId);
     if (position == 0)
         throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The unit %1 is not on map %2").arg(m_unitId, m_mapId));
+                           QCoreApplication::translate("IAction", "The unit %1 is not on map %2")
+                               .arg(m_unitId, m_mapId));
     units.DeleteItem(position);
     CActionHelper::AddDirty(-1);
     Root().EventMgr().NotifyOfUnitDelete(m_unitId, this);

@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -26,7 +27,10 @@ public:
         m_y = y;
     }
 
-    QString Caption() const override { return QStringLiteral("Place New Unit"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Place New Unit");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

@@ -3,6 +3,7 @@
 #include "actions/CArrowHandles.h"
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Takes every arrow and every arrow handle off a map; undo puts them back in
@@ -13,7 +14,10 @@ public:
     const QString& MapId() const { return m_mapId; }
     void SetMapId(const QString& mapId) { m_mapId = mapId; }
 
-    QString Caption() const override { return QStringLiteral("Clear All Arrows"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Clear All Arrows");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

@@ -5,6 +5,8 @@
 #include "core/KorvaneError.h"
 #include "model/CMap.h"
 
+#include <QCoreApplication>
+
 void CActionDeleteArrow::Execute()
 {
     CTraceScope scope("IAction_Execute", "CActionDeleteArrow");
@@ -12,11 +14,13 @@ void CActionDeleteArrow::Execute()
     const auto map = CActionHelper::EnterMap(m_mapId, this, source);
     scope.Denote(QStringLiteral("ArrowId=") + m_arrowId);
     if (m_arrowId.isEmpty())
-        throw KorvaneError(91, QLatin1String(source), QStringLiteral("No arrow to delete"));
+        throw KorvaneError(91, QLatin1String(source),
+                           QCoreApplication::translate("IAction", "No arrow to delete"));
     CArrowHandles::Removal removed = CArrowHandles::Take(*map, m_arrowId, source);
     if (removed.Empty())
         throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The arrow %1 is not on map %2").arg(m_arrowId, m_mapId));
+                           QCoreApplication::translate("IAction", "The arrow %1 is not on map %2")
+                               .arg(m_arrowId, m_mapId));
     m_removed = std::move(removed);
 
     CActionHelper::AddDirty(1);

@@ -3,6 +3,7 @@
 #include "actions/CArrowHandles.h"
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Takes an arrow and its two handle units off a map; undo puts them back
@@ -15,7 +16,10 @@ public:
     const QString& ArrowId() const { return m_arrowId; }
     void SetArrowId(const QString& arrowId) { m_arrowId = arrowId; }
 
-    QString Caption() const override { return QStringLiteral("Delete Arrow"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Delete Arrow");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

@@ -9,12 +9,15 @@
 #include "model/CMap.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 void CActionDeleteUnit::Execute()
 {
     CTraceScope scope("IAction_Execute", "CActionDeleteUnit");
     const char* source = "CActionDeleteUnit.Execute";
     if (!m_unit)
-        throw KorvaneError(91, QLatin1String(source), QStringLiteral("No unit to delete"));
+        throw KorvaneError(91, QLatin1String(source),
+                           QCoreApplication::translate("IAction", "No unit to delete"));
     const auto map = CActionHelper::EnterMap(m_mapId, this, source);
     const QString unitId = m_unit->Id();
     scope.Denote(QStringLiteral("UnitId=") + unitId);
@@ -23,7 +26,8 @@ void CActionDeleteUnit::Execute()
     const std::int32_t position = CActionHelper::UnitPosition(units, unitId);
     if (position == 0)
         throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The unit %1 is not on map %2").arg(unitId, m_mapId));
+                           QCoreApplication::translate("IAction", "The unit %1 is not on map %2")
+                               .arg(unitId, m_mapId));
     m_unit = units.Item(position);
     units.DeleteItem(position);
     CActionHelper::AddDirty(1);
@@ -35,7 +39,8 @@ void CActionDeleteUnit::Reverse()
     CTraceScope scope("IAction_Reverse", "CActionDeleteUnit");
     const char* source = "CActionDeleteUnit.Reverse";
     if (!m_unit)
-        throw KorvaneError(91, QLatin1String(source), QStringLiteral("No unit to restore"));
+        throw KorvaneError(91, QLatin1String(source),
+                           QCoreApplication::translate("IAction", "No unit to restore"));
     const auto map = CActionHelper::EnterMap(m_mapId, this, source);
     scope.Denote(QStringLiteral("UnitId=") + m_unit->Id());
     CActionHelper::Units(*map, source).AddItem(m_unit);

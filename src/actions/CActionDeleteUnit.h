@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <memory>
@@ -18,7 +19,10 @@ public:
     const std::shared_ptr<CUnit>& Unit() const { return m_unit; }
     void SetUnit(std::shared_ptr<CUnit> unit) { m_unit = std::move(unit); }
 
-    QString Caption() const override { return QStringLiteral("Delete Unit"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Delete Unit");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Sets the game's name and remarks.
@@ -13,7 +14,10 @@ public:
     const QString& Remarks() const { return m_remarks; }
     void SetRemarks(const QString& remarks) { m_remarks = remarks; }
 
-    QString Caption() const override { return QStringLiteral("Edit Game Properties"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Edit Game Properties");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

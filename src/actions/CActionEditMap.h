@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Sets a map's name, remarks and frozen flag (so freezing is undoable too).
@@ -17,7 +18,10 @@ public:
     bool Frozen() const { return m_frozen; }
     void SetFrozen(bool frozen) { m_frozen = frozen; }
 
-    QString Caption() const override { return QStringLiteral("Edit Map Properties"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Edit Map Properties");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

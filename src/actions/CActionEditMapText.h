@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -17,7 +18,10 @@ public:
     void SetText(const QString& text) { m_text = text; }
     std::int32_t ChainCount() const { return m_chainCount; }
 
-    QString Caption() const override { return QStringLiteral("Edit Map Text"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Edit Map Text");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction& next) const override;

@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Sets a unit's caption, data and moved mark.
@@ -26,7 +27,7 @@ public:
     bool HasMoved() const { return m_hasMoved; }
     void SetHasMoved(bool hasMoved) { m_hasMoved = hasMoved; }
 
-    QString Caption() const override { return QStringLiteral("Edit Unit"); }
+    QString Caption() const override { return QCoreApplication::translate("IAction", "Edit Unit"); }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction& next) const override;

@@ -9,6 +9,8 @@
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -28,7 +30,7 @@ CGame& CActionHelper::Game(const char* source)
 {
     CKorvane* root = RootOrNull();
     if (!root || !root->Game())
-        fail(source, QStringLiteral("There is no open game to change"));
+        fail(source, QCoreApplication::translate("IAction", "There is no open game to change"));
     return *root->Game();
 }
 
@@ -56,7 +58,9 @@ std::shared_ptr<CMap> CActionHelper::EnterMap(const QString& mapId, const void* 
     else
         owner = game.GroupByMapId(mapId);
     if (!owner)
-        fail(source, QStringLiteral("The map %1 is not part of the open game").arg(mapId));
+        fail(source,
+             QCoreApplication::translate("IAction", "The map %1 is not part of the open game")
+                 .arg(mapId));
     const std::shared_ptr<CMap> map =
         owner->Maps().Item(CUtility::SearchById(owner->Maps(), mapId));
 
@@ -77,7 +81,8 @@ CVector<CUnit>& CActionHelper::Units(const CMap& map, const char* source)
 {
     CVector<CUnit>* units = map.Units();
     if (!units)
-        fail(source, QStringLiteral("The units of map %1 are not loaded").arg(map.Id()));
+        fail(source, QCoreApplication::translate("IAction", "The units of map %1 are not loaded")
+                         .arg(map.Id()));
     return *units;
 }
 
@@ -85,7 +90,8 @@ CVector<CArrow>& CActionHelper::Arrows(const CMap& map, const char* source)
 {
     CVector<CArrow>* arrows = map.Arrows();
     if (!arrows)
-        fail(source, QStringLiteral("The arrows of map %1 are not loaded").arg(map.Id()));
+        fail(source, QCoreApplication::translate("IAction", "The arrows of map %1 are not loaded")
+                         .arg(map.Id()));
     return *arrows;
 }
 
@@ -113,7 +119,8 @@ std::shared_ptr<CUnit> CActionHelper::RequireUnit(const CMap& map, const QString
     const CVector<CUnit>& units = Units(map, source);
     const std::int32_t position = UnitPosition(units, unitId);
     if (position == 0)
-        fail(source, QStringLiteral("The unit %1 is not on map %2").arg(unitId, map.Id()));
+        fail(source, QCoreApplication::translate("IAction", "The unit %1 is not on map %2")
+                         .arg(unitId, map.Id()));
     return units.Item(position);
 }
 

@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -29,7 +30,10 @@ public:
     }
     std::int32_t ChainCount() const { return m_chainCount; }
 
-    QString Caption() const override { return QStringLiteral("Move Arrow"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Move Arrow");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction& next) const override;

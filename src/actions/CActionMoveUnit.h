@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -31,7 +32,7 @@ public:
     // How many later moves were merged into this one since it last executed.
     std::int32_t ChainCount() const { return m_chainCount; }
 
-    QString Caption() const override { return QStringLiteral("Move Unit"); }
+    QString Caption() const override { return QCoreApplication::translate("IAction", "Move Unit"); }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction& next) const override;

@@ -13,6 +13,8 @@
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 void CActionNewMap::CopyContents(const CMap& source, CMap& target, QStringList& unitIds,
                                  const char* errorSource)
 {
@@ -53,8 +55,9 @@ void CActionNewMap::Execute()
     CGame& game = CActionHelper::Game(source);
     const std::shared_ptr<CMapGroup> group = game.ActiveMapGroup();
     if (!group)
-        throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The game has no archive to add a map to"));
+        throw KorvaneError(
+            91, QLatin1String(source),
+            QCoreApplication::translate("IAction", "The game has no archive to add a map to"));
     if (m_mapId.isEmpty())
         m_mapId = CUtility::GenerateId();
     scope.Denote(QStringLiteral("MapId=") + m_mapId);
@@ -88,8 +91,10 @@ void CActionNewMap::Reverse()
     CGame& game = CActionHelper::Game(source);
     const std::shared_ptr<CMapGroup> group = game.GroupByMapId(m_mapId);
     if (!group)
-        throw KorvaneError(91, QLatin1String(source),
-                           QStringLiteral("The map %1 is not part of the open game").arg(m_mapId));
+        throw KorvaneError(
+            91, QLatin1String(source),
+            QCoreApplication::translate("IAction", "The map %1 is not part of the open game")
+                .arg(m_mapId));
     const std::shared_ptr<CMap> map =
         group->Maps().Item(CUtility::SearchById(group->Maps(), m_mapId));
 

@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -23,7 +24,7 @@ public:
     const QString& Remarks() const { return m_remarks; }
     void SetRemarks(const QString& remarks) { m_remarks = remarks; }
 
-    QString Caption() const override { return QStringLiteral("New Map"); }
+    QString Caption() const override { return QCoreApplication::translate("IAction", "New Map"); }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

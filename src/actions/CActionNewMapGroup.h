@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Starts a new archive: a new group holding one map, a copy of the active
@@ -19,7 +20,7 @@ public:
     const QString& GroupId() const { return m_groupId; }
     const QString& MapId() const { return m_mapId; }
 
-    QString Caption() const override { return QStringLiteral("New Map"); }
+    QString Caption() const override { return QCoreApplication::translate("IAction", "New Map"); }
     void Execute() override;
     void Reverse() override {}
     bool CanChain(const IAction&) const override { return false; }

@@ -9,6 +9,8 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 constexpr int notAllowed = 5;
@@ -24,7 +26,8 @@ void CActionRemoveMap::Execute()
     const std::shared_ptr<CMapGroup> group = CActionHelper::Game(source).ActiveMapGroup();
     if (group->Frozen() || group->Maps().Count() < 2)
         throw KorvaneError(notAllowed, QLatin1String(source),
-                           QStringLiteral("The map '%1' cannot be removed").arg(map->Name()));
+                           QCoreApplication::translate("IAction", "The map '%1' cannot be removed")
+                               .arg(map->Name()));
 
     // Another map is shown first, so the removed one gives up its lock.
     const std::int32_t position = group->Maps().IndexOf(map);

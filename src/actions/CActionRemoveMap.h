@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Removes a map from its archive for good: the archive's next map (or the
@@ -16,7 +17,10 @@ public:
     // The map shown in the removed one's place; empty until executed.
     const QString& ShownMapId() const { return m_shownMapId; }
 
-    QString Caption() const override { return QStringLiteral("Remove Map"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Remove Map");
+    }
     void Execute() override;
     void Reverse() override {}
     bool CanChain(const IAction&) const override { return false; }

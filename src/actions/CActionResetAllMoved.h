@@ -2,6 +2,7 @@
 
 #include "actions/IAction.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 // Clears the moved mark of the listed units of one map; undo sets it again.
@@ -15,7 +16,10 @@ public:
     void Add(const QString& unitId) { m_unitIds += unitId + QLatin1Char('|'); }
     const QString& UnitIds() const { return m_unitIds; }
 
-    QString Caption() const override { return QStringLiteral("Reset Moved"); }
+    QString Caption() const override
+    {
+        return QCoreApplication::translate("IAction", "Reset Moved");
+    }
     void Execute() override;
     void Reverse() override;
     bool CanChain(const IAction&) const override { return false; }

@@ -117,7 +117,7 @@ std::int32_t CContextMgr::PosOfContext(const QString& id) const
 void CContextMgr::Constructor(IProgressMonitor* progress)
 {
     CTraceScope scope("Constructor", "CContextMgr");
-    report(progress, QStringLiteral("Searching for Games..."), 0.2f);
+    report(progress, tr("Searching for Games..."), 0.2f);
 
     CVector<CGameCtxInfo> modules;
     CVector<CGameCtxInfo> userModules;
@@ -171,10 +171,7 @@ void CContextMgr::discover(const QString& directory, const QString& pattern, Kin
             continue;
         }
         found.AddItem(info);
-        report(progress,
-               QStringLiteral("Module '") + info->Context()->Caption() +
-                   QStringLiteral("' was loaded..."),
-               0.1f);
+        report(progress, tr("Module '%1' was loaded...").arg(info->Context()->Caption()), 0.1f);
     }
 }
 

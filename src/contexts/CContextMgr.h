@@ -3,6 +3,7 @@
 #include "contexts/CGameCtxInfo.h"
 #include "core/CVector.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -22,6 +23,8 @@ class IProgressMonitor;
 // skipped without a message; of two packs with one id the first listed wins.
 class CContextMgr
 {
+    Q_DECLARE_TR_FUNCTIONS(CContextMgr)
+
 public:
     CContextMgr() = default;
     ~CContextMgr();

@@ -3,6 +3,7 @@
 #include "core/CTraceScope.h"
 #include "core/KorvaneError.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -139,8 +140,8 @@ xmlNode* required(xmlNode* parent, const char* name)
 {
     xmlNode* node = child(parent, name);
     if (!node)
-        reject(tagOf(reinterpret_cast<const char*>(parent->name)) + QStringLiteral(" has no ") +
-                   tagOf(name),
+        reject(QCoreApplication::translate("CModuleDefinition", "%1 has no %2")
+                   .arg(tagOf(reinterpret_cast<const char*>(parent->name)), tagOf(name)),
                lineOf(parent));
     return node;
 }
@@ -168,9 +169,9 @@ std::int32_t integerIn(xmlNode* parent, const char* name, std::int32_t lowest, s
     bool ok = false;
     const int number = value.toInt(&ok);
     if (!ok || number < lowest || number > highest)
-        reject(tagOf(name) + QStringLiteral(" must be a whole number from ") +
-                   QString::number(lowest) + QStringLiteral(" to ") + QString::number(highest) +
-                   QStringLiteral(", not '") + value + QLatin1Char('\''),
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "%1 must be a whole number from %2 to %3, not '%4'")
+                   .arg(tagOf(name), QString::number(lowest), QString::number(highest), value),
                lineOf(node));
     return number;
 }
@@ -183,9 +184,10 @@ bool booleanOf(xmlNode* parent, const char* name)
         return true;
     if (value == QLatin1String("false") || value == QLatin1String("0"))
         return false;
-    reject(tagOf(name) + QStringLiteral(" must be true, false, 1 or 0, not '") + text(node) +
-               QLatin1Char('\''),
-           lineOf(node));
+    reject(
+        QCoreApplication::translate("CModuleDefinition", "%1 must be true, false, 1 or 0, not '%2'")
+            .arg(tagOf(name), text(node)),
+        lineOf(node));
 }
 
 std::int32_t optionalColor(xmlNode* parent, const char* name, std::int32_t fallback)
@@ -245,14 +247,16 @@ xmlDtd* programGrammar()
         return grammar.get();
     QFile file(QStringLiteral(":/korvane/module.dtd"));
     if (!file.open(QIODevice::ReadOnly))
-        reject(QStringLiteral("The program's module grammar is missing"));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "The program's module grammar is missing"));
     const QByteArray text = file.readAll();
     // xmlIOParseDTD takes the input buffer over, also when it fails.
     xmlParserInputBufferPtr input = xmlParserInputBufferCreateMem(
         text.constData(), static_cast<int>(text.size()), XML_CHAR_ENCODING_NONE);
     grammar.reset(input ? xmlIOParseDTD(nullptr, input, XML_CHAR_ENCODING_NONE) : nullptr);
     if (!grammar)
-        reject(QStringLiteral("The program's module grammar cannot be read"));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "The program's module grammar cannot be read"));
     return grammar.get();
 }
 
@@ -261,42 +265,50 @@ DocPtr readDocument(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        reject(QStringLiteral("Cannot read ") + path + QStringLiteral(": ") + file.errorString());
+        reject(QCoreApplication::translate("CModuleDefinition", "Cannot read %1: %2")
+                   .arg(path, file.errorString()));
     if (file.size() > CModuleDefinition::MaxDocumentSize)
-        reject(path + QStringLiteral(" is too large for a module definition"));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "%1 is too large for a module definition")
+                   .arg(path));
     const QByteArray bytes = file.readAll();
     if (bytes.isEmpty())
-        reject(path + QStringLiteral(" is empty"));
+        reject(QCoreApplication::translate("CModuleDefinition", "%1 is empty").arg(path));
 
     xmlInitParser();
     XmlErrorCapture capture;
     DocPtr doc(xmlReadMemory(bytes.constData(), static_cast<int>(bytes.size()), "module.def",
                              nullptr, XML_PARSE_NONET));
     if (!doc || capture.HasError())
-        capture.Raise(QStringLiteral("The document is not well-formed XML"));
+        capture.Raise(QCoreApplication::translate("CModuleDefinition",
+                                                  "The document is not well-formed XML"));
     if (doc->intSubset || doc->extSubset)
-        reject(QStringLiteral("The document brings a DOCTYPE of its own; module definitions "
-                              "follow the program's grammar only"));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "The document brings a DOCTYPE of its own; module "
+                                           "definitions follow the program's grammar only"));
 
     xmlDtd* dtd = programGrammar();
     const std::unique_ptr<xmlValidCtxt, ValidFree> validator(xmlNewValidCtxt());
     if (!validator)
-        reject(QStringLiteral("Out of memory while checking the module definition"));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "Out of memory while checking the module definition"));
     // The grammar stands in for an internal one: a standalone="yes" document
     // must not be held to the rules for external declarations (no white space
     // between elements).
     if (doc->standalone == 1)
         doc->standalone = 0;
     if (xmlValidateDtd(validator.get(), doc.get(), dtd) != 1 || capture.HasError())
-        capture.Raise(QStringLiteral("The document does not follow the module grammar"));
+        capture.Raise(QCoreApplication::translate(
+            "CModuleDefinition", "The document does not follow the module grammar"));
 
     // Validation against a separate grammar does not check the root's name.
     xmlNode* root = xmlDocGetRootElement(doc.get());
     if (!root || !isElement(root, "module_def"))
-        reject(QStringLiteral("The root element is ") +
-                   (root ? QLatin1Char('<') + nameOf(root) + QLatin1Char('>')
-                         : QStringLiteral("missing")) +
-                   QStringLiteral(", not <module_def>"),
+        reject(root ? QCoreApplication::translate("CModuleDefinition",
+                                                  "The root element is <%1>, not <module_def>")
+                          .arg(nameOf(root))
+                    : QCoreApplication::translate("CModuleDefinition",
+                                                  "The root element is missing, not <module_def>"),
                lineOf(root));
     return doc;
 }
@@ -309,9 +321,10 @@ CModuleDefinition::Header readHeader(xmlNode* root, CModuleDefinition::Origin or
     bool ok = false;
     const double formatNumber = format.toDouble(&ok);
     if (!ok || formatNumber != CModuleDefinition::SupportedFormatVersion)
-        reject(QStringLiteral("format_version '") + format +
-                   QStringLiteral("' is not supported; this program reads version ") +
-                   QString::number(CModuleDefinition::SupportedFormatVersion),
+        reject(QCoreApplication::translate(
+                   "CModuleDefinition",
+                   "format_version '%1' is not supported; this program reads version %2")
+                   .arg(format, QString::number(CModuleDefinition::SupportedFormatVersion)),
                lineOf(root));
 
     xmlNode* info = required(root, "game_info");
@@ -320,13 +333,15 @@ CModuleDefinition::Header readHeader(xmlNode* root, CModuleDefinition::Origin or
     std::array<int, 3> needed{};
     if (!header.MinKrVersion.isEmpty()) {
         if (!parseVersion(header.MinKrVersion, needed))
-            reject(QStringLiteral("<min_kr_version> '") + header.MinKrVersion +
-                       QStringLiteral("' is not a version such as 1.0.0"),
+            reject(QCoreApplication::translate("CModuleDefinition",
+                                               "<min_kr_version> '%1' is not a version such as "
+                                               "1.0.0")
+                       .arg(header.MinKrVersion),
                    lineOf(minimum));
         if (needed > programVersion())
-            reject(QStringLiteral("The module needs Korvane ") + header.MinKrVersion +
-                       QStringLiteral(" or later; this is ") +
-                       QStringLiteral(KORVANE_VERSION_STRING),
+            reject(QCoreApplication::translate("CModuleDefinition",
+                                               "The module needs Korvane %1 or later; this is %2")
+                       .arg(header.MinKrVersion, QStringLiteral(KORVANE_VERSION_STRING)),
                    lineOf(minimum));
     }
     header.Title = text(required(info, "title"));
@@ -342,7 +357,9 @@ CModuleDefinition::Header readHeader(xmlNode* root, CModuleDefinition::Origin or
     const QString unique = text(uniqueId);
     const QString version = text(required(identity, "version"));
     if (unique.isEmpty() || version.isEmpty())
-        reject(QStringLiteral("<game_id> needs a unique_id and a version"), lineOf(identity));
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "<game_id> needs a unique_id and a version"),
+               lineOf(identity));
     const QString prefix = origin == CModuleDefinition::Origin::UserModule ? QStringLiteral("udm_")
                                                                            : QStringLiteral("krm_");
     header.Id = prefix + unique + QStringLiteral("_v") + version;
@@ -355,13 +372,15 @@ CModuleDefinition::Token readToken(xmlNode* node, std::int32_t categoryNum)
     token.CategoryNum = categoryNum;
     token.Id = attribute(node, "token_id").trimmed();
     if (token.Id.isEmpty())
-        reject(QStringLiteral("A token has an empty token_id"), lineOf(node));
+        reject(QCoreApplication::translate("CModuleDefinition", "A token has an empty token_id"),
+               lineOf(node));
     const QString type = attribute(node, "token_type");
     token.Class = tokenClassOf(type);
     if (token.Class.isEmpty())
-        reject(QStringLiteral("Token '") + token.Id + QStringLiteral("' has the unknown type '") +
-                   type + QLatin1Char('\''),
-               lineOf(node));
+        reject(
+            QCoreApplication::translate("CModuleDefinition", "Token '%1' has the unknown type '%2'")
+                .arg(token.Id, type),
+            lineOf(node));
     token.PalletFile = text(required(node, "pallet_image"));
     token.DragFile = text(required(node, "drag_image"));
     token.UnitFile = text(required(node, "map_image"));
@@ -392,8 +411,10 @@ CModuleDefinition::Body readBody(xmlNode* root)
     bool ok = false;
     body.FontSize = text(fontSize).toDouble(&ok);
     if (!ok || !(body.FontSize > 0 && body.FontSize <= 1000))
-        reject(QStringLiteral("<label_font_size> must be a size from 1 to 1000, not '") +
-                   text(fontSize) + QLatin1Char('\''),
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "<label_font_size> must be a size from 1 to 1000, "
+                                           "not '%1'")
+                   .arg(text(fontSize)),
                lineOf(fontSize));
     body.TransparentLabels = booleanOf(board, "label_is_transparent");
     body.LabelForeColor =
@@ -406,9 +427,12 @@ CModuleDefinition::Body readBody(xmlNode* root)
     xmlNode* images = required(root, "image_settings");
     xmlNode* mask = required(images, "mask_html_color");
     if (!CModuleDefinition::ParseColor(text(mask), body.MaskColor))
-        reject(QStringLiteral("<mask_html_color> must be a colour such as #FF00FF, not '") +
-                   text(mask) + QLatin1Char('\''),
+        reject(QCoreApplication::translate("CModuleDefinition",
+                                           "<mask_html_color> must be a colour such as #FF00FF, "
+                                           "not '%1'")
+                   .arg(text(mask)),
                lineOf(mask));
+
     constexpr std::int32_t largest = CModuleDefinition::MaxImageSize;
     body.PalletWidth = integerIn(images, "pallet_img_width", 1, largest);
     body.PalletHeight = integerIn(images, "pallet_img_height", 1, largest);
@@ -428,8 +452,9 @@ CModuleDefinition::Body readBody(xmlNode* root)
             // Image lists are keyed by token id, so ids must be unique.
             for (const CModuleDefinition::Token& earlier : body.Tokens) {
                 if (earlier.Id == token.Id)
-                    reject(QStringLiteral("Token id '") + token.Id +
-                               QStringLiteral("' is used twice"),
+                    reject(QCoreApplication::translate("CModuleDefinition",
+                                                       "Token id '%1' is used twice")
+                               .arg(token.Id),
                            lineOf(node));
             }
             body.Tokens.push_back(std::move(token));
@@ -456,9 +481,10 @@ bool CModuleDefinition::ParseColor(const QString& text, std::int32_t& color)
 void CModuleDefinition::setError(const QString& message, int line)
 {
     m_lastErrorLine = line > 0 ? line : 0;
-    m_lastError = m_lastErrorLine > 0 ? QStringLiteral("line ") + QString::number(m_lastErrorLine) +
-                                            QStringLiteral(": ") + message
-                                      : message;
+    m_lastError = m_lastErrorLine > 0
+                      ? QCoreApplication::translate("CModuleDefinition", "line %1: %2")
+                            .arg(QString::number(m_lastErrorLine), message)
+                      : message;
 }
 
 bool CModuleDefinition::LoadHeader(const QString& path, Origin origin)
@@ -480,7 +506,9 @@ bool CModuleDefinition::LoadHeader(const QString& path, Origin origin)
     } catch (const DefinitionError& error) {
         setError(error.Message, error.Line);
     } catch (const std::exception& error) {
-        setError(QStringLiteral("Unexpected failure: ") + QString::fromLocal8Bit(error.what()), 0);
+        setError(QCoreApplication::translate("CModuleDefinition", "Unexpected failure: %1")
+                     .arg(QString::fromLocal8Bit(error.what())),
+                 0);
     }
     if (!m_headerLoaded) {
         m_header = Header();
@@ -495,7 +523,9 @@ bool CModuleDefinition::LoadBody(const QString& path)
     m_lastError.clear();
     m_lastErrorLine = 0;
     if (!m_headerLoaded) {
-        setError(QStringLiteral("The header must be loaded before the body"), 0);
+        setError(QCoreApplication::translate("CModuleDefinition",
+                                             "The header must be loaded before the body"),
+                 0);
         scope.Denote(m_lastError);
         return false;
     }
@@ -510,9 +540,12 @@ bool CModuleDefinition::LoadBody(const QString& path)
     } catch (const DefinitionError& error) {
         setError(error.Message, error.Line);
     } catch (const std::exception& error) {
-        setError(QStringLiteral("Unexpected failure: ") + QString::fromLocal8Bit(error.what()), 0);
+        setError(QCoreApplication::translate("CModuleDefinition", "Unexpected failure: %1")
+                     .arg(QString::fromLocal8Bit(error.what())),
+                 0);
     }
     scope.Denote(m_lastError);
+
     return false;
 }
 

@@ -47,9 +47,10 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
     if (!QFileInfo(directory).isDir()) {
         scope.Denote(QStringLiteral("Directory is not valid"));
         messages.Information(CKorvane::Name(),
-                             fileName + QStringLiteral(" cannot be installed: the folder ") +
-                                 QDir::toNativeSeparators(directory) +
-                                 QStringLiteral(" does not exist. Nothing has been installed."),
+                             tr("%1 cannot be installed: the folder %2 does not exist. Nothing "
+                                "has been installed.")
+                                 .arg(fileName, QDir::toNativeSeparators(directory)),
+
                              FMessageBox::Icon::Exclamation);
         return Result::MissingDirectory;
     }
@@ -61,16 +62,15 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
     // A module chosen from where it would go is installed already.
     if (!sourceDirectory.isEmpty() && sameDirectory(sourceDirectory, directory)) {
         scope.Denote(QStringLiteral("Module is already in place"));
-        messages.Information(CKorvane::Name(), fileName + QStringLiteral(" is already installed."),
+        messages.Information(CKorvane::Name(), tr("%1 is already installed.").arg(fileName),
                              FMessageBox::Icon::Information);
         return Result::AlreadyInPlace;
     }
 
     if (CUtility::FileExists(destination)) {
         const FMessageBox::Answer answer = messages.Question(
-            QStringLiteral("Module already exists"),
-            fileName + QStringLiteral(" already exits.") + QLatin1Char('\n') +
-                QStringLiteral("Do you want to replace it?"),
+            tr("Module already exists"),
+            tr("%1 already exits.\nDo you want to replace it?").arg(fileName),
             FMessageBox::Buttons::YesNo, FMessageBox::Icon::Exclamation, FMessageBox::Answer::No);
         if (answer != FMessageBox::Answer::Yes)
             return Result::Declined;
@@ -97,9 +97,9 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
     }
 
     Root().ExecuteOnShutdown(std::make_shared<CInstallModTask>(cached, destination));
-    messages.Information(
-        CKorvane::Name(),
-        QStringLiteral("You must restart Korvane for these settings to take effect."),
-        FMessageBox::Icon::Exclamation);
+    messages.Information(CKorvane::Name(),
+                         tr("You must restart Korvane for these settings to take effect."),
+
+                         FMessageBox::Icon::Exclamation);
     return Result::Installed;
 }

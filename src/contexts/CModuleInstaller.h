@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class FMessageBox;
@@ -12,6 +13,8 @@ class FMessageBox;
 // the same file name needs the user's consent.
 class CModuleInstaller
 {
+    Q_DECLARE_TR_FUNCTIONS(CModuleInstaller)
+
 public:
     enum class Result
     {

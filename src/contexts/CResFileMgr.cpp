@@ -120,8 +120,7 @@ bool CResFileMgr::readDirectory()
     QFile file(path);
     // Two small reads: Qt's read-ahead buffer would only cost.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return fail(QStringLiteral("Cannot open the pack ") + path + QStringLiteral(": ") +
-                    file.errorString());
+        return fail(tr("Cannot open the pack %1: %2").arg(path, file.errorString()));
 
     const QFileInfo info(path);
     m_fileSize = file.size();
@@ -133,47 +132,43 @@ bool CResFileMgr::readDirectory()
         QCryptographicHash::hash(identity, QCryptographicHash::Sha1).left(8).toHex());
 
     if (m_fileSize > std::numeric_limits<std::int32_t>::max())
-        return fail(QStringLiteral("The pack ") + path + QStringLiteral(" is larger than 2 GB"));
+        return fail(tr("The pack %1 is larger than 2 GB").arg(path));
     if (m_fileSize < HeaderLength)
-        return fail(QStringLiteral("The pack ") + path +
-                    QStringLiteral(" is shorter than its header"));
+        return fail(tr("The pack %1 is shorter than its header").arg(path));
 
     const QByteArray header = file.read(HeaderLength);
     if (header.size() != HeaderLength)
-        return fail(QStringLiteral("Cannot read the header of ") + path);
+        return fail(tr("Cannot read the header of %1").arg(path));
     const std::int32_t unpackedLength = littleEndian32(header.constData());
     const std::int32_t storedLength = littleEndian32(header.constData() + 4);
     if (storedLength <= 0 || storedLength > m_fileSize - HeaderLength)
-        return fail(QStringLiteral("The directory of ") + path + QStringLiteral(" (") +
-                    QString::number(storedLength) +
-                    QStringLiteral(" bytes) does not fit in the file"));
+        return fail(tr("The directory of %1 (%2 bytes) does not fit in the file")
+                        .arg(path, QString::number(storedLength)));
     if (unpackedLength < 4 || unpackedLength > MaxDirectoryLength ||
         unpackedLength > inflateLimit(storedLength))
-        return fail(QStringLiteral("The directory of ") + path +
-                    QStringLiteral(" claims an impossible length of ") +
-                    QString::number(unpackedLength) + QStringLiteral(" bytes"));
+        return fail(tr("The directory of %1 claims an impossible length of %2 bytes")
+                        .arg(path, QString::number(unpackedLength)));
 
     const QByteArray stored = file.read(storedLength);
     QByteArray plainBytes;
     if (stored.size() != storedLength || !inflateExactly(stored, unpackedLength, plainBytes))
-        return fail(QStringLiteral("The directory of ") + path + QStringLiteral(" is damaged"));
+        return fail(tr("The directory of %1 is damaged").arg(path));
 
     CInputStream plain = CInputStream::FromBytes(plainBytes);
     const std::int32_t count = plain.ReadLong();
     // Each entry takes at least a length byte, one name byte and three longs.
     constexpr std::int32_t smallestEntry = 1 + 1 + 12;
     if (count < 0 || count > plain.Remaining() / smallestEntry)
-        return fail(QStringLiteral("The directory of ") + path +
-                    QStringLiteral(" claims an impossible entry count of ") +
-                    QString::number(count));
+        return fail(tr("The directory of %1 claims an impossible entry count of %2")
+                        .arg(path, QString::number(count)));
 
     const std::int64_t dataStart = HeaderLength + static_cast<std::int64_t>(storedLength);
     m_entries.reserve(static_cast<std::size_t>(count));
     for (std::int32_t i = 1; i <= count; ++i) {
         const std::int32_t nameLength = plain.Remaining() > 0 ? plain.Address()[plain.Offset()] : 0;
         if (plain.Remaining() < 1 + nameLength + 12)
-            return fail(QStringLiteral("The directory of ") + path +
-                        QStringLiteral(" ends inside entry ") + QString::number(i));
+            return fail(
+                tr("The directory of %1 ends inside entry %2").arg(path, QString::number(i)));
         CResFileEntry entry;
         entry.Name = plain.ReadSmallString().toLower();
         entry.Position = plain.ReadLong();
@@ -181,29 +176,29 @@ bool CResFileMgr::readDirectory()
         entry.UnpackedLength = plain.ReadLong();
 
         // The message is built only for a damaged entry: packs are read at every start.
-        const auto damaged = [&](const char* what) {
-            return fail(QStringLiteral("Entry ") + quoted(entry.Name) + QStringLiteral(" of ") +
-                        path + QLatin1String(what));
+        const auto damaged = [&](const QString& what) {
+            return fail(what.arg(quoted(entry.Name), path));
         };
         if (EscapingEntryName(entry.Name))
-            return damaged(" has a name that leads out of any folder it is unpacked to");
+            return damaged(
+                tr("Entry %1 of %2 has a name that leads out of any folder it is unpacked to"));
         if (entry.StoredLength < 0 || entry.UnpackedLength < 0 ||
             entry.UnpackedLength > MaxEntryLength)
-            return damaged(" has an impossible length");
+            return damaged(tr("Entry %1 of %2 has an impossible length"));
         if (entry.Position < dataStart ||
             static_cast<std::int64_t>(entry.Position) + entry.StoredLength > m_fileSize)
-            return damaged(" points outside the file");
+            return damaged(tr("Entry %1 of %2 points outside the file"));
         if (entry.IsCompressed() &&
             (entry.StoredLength == 0 || entry.UnpackedLength > inflateLimit(entry.StoredLength)))
-            return damaged(" has an impossible length");
+            return damaged(tr("Entry %1 of %2 has an impossible length"));
         // Odd but harmless: only this entry is out of use.
         if (!ValidEntryName(entry.Name)) {
-            m_ignored.push_back({entry.Name, QStringLiteral("a name a pack may not hold")});
+            m_ignored.push_back({entry.Name, tr("a name a pack may not hold")});
             continue;
         }
         if (m_index.contains(entry.Name)) {
             m_ignored.push_back(
-                {entry.Name, QStringLiteral("a second entry of that name (the first is used)")});
+                {entry.Name, tr("a second entry of that name (the first is used)")});
             continue;
         }
         m_index.insert(entry.Name, static_cast<std::int32_t>(m_entries.size() + 1));
@@ -231,25 +226,22 @@ bool CResFileMgr::ReadEntry(const QString& entryName, QByteArray& data)
         return false;
     const std::int32_t index = FindEntry(entryName);
     if (index == 0)
-        return fail(QStringLiteral("The pack ") + FilePath() + QStringLiteral(" has no entry ") +
-                    quoted(entryName));
+        return fail(tr("The pack %1 has no entry %2").arg(FilePath(), quoted(entryName)));
     const CResFileEntry& entry = Entry(index);
 
     QFile file(FilePath());
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.seek(entry.Position))
-        return fail(QStringLiteral("Cannot read the pack ") + FilePath());
+        return fail(tr("Cannot read the pack %1").arg(FilePath()));
     QByteArray stored = file.read(entry.StoredLength);
     if (stored.size() != entry.StoredLength)
-        return fail(QStringLiteral("The pack ") + FilePath() +
-                    QStringLiteral(" ends inside entry ") + quoted(entry.Name));
+        return fail(tr("The pack %1 ends inside entry %2").arg(FilePath(), quoted(entry.Name)));
     if (!entry.IsCompressed()) {
         data = std::move(stored);
         return true;
     }
     if (!inflateExactly(stored, entry.UnpackedLength, data)) {
         data.clear();
-        return fail(QStringLiteral("Entry ") + quoted(entry.Name) + QStringLiteral(" of ") +
-                    FilePath() + QStringLiteral(" is damaged"));
+        return fail(tr("Entry %1 of %2 is damaged").arg(quoted(entry.Name), FilePath()));
     }
     return true;
 }
@@ -269,8 +261,8 @@ QImage CResFileMgr::UnpackImage(const QString& entryName)
     reader.setDecideFormatFromContent(true);
     QImage image = reader.read();
     if (image.isNull()) {
-        fail(QStringLiteral("Entry ") + quoted(entryName.toLower()) + QStringLiteral(" of ") +
-             FilePath() + QStringLiteral(" is not a picture: ") + reader.errorString());
+        fail(tr("Entry %1 of %2 is not a picture: %3")
+                 .arg(quoted(entryName.toLower()), FilePath(), reader.errorString()));
         scope.Denote(m_lastError);
     }
     return image;
@@ -303,19 +295,18 @@ bool CResFileMgr::UnpackFile(const QString& entryName, std::int32_t flag, QStrin
     }
     const std::int32_t index = FindEntry(entryName);
     if (index == 0) {
-        fail(QStringLiteral("The pack ") + FilePath() + QStringLiteral(" has no entry ") +
-             quoted(entryName));
+        fail(tr("The pack %1 has no entry %2").arg(FilePath(), quoted(entryName)));
         scope.Denote(m_lastError);
         return false;
     }
     if (flag != -1 && copyTo.isEmpty()) {
-        fail(QStringLiteral("No place was given for the copy of ") + quoted(entryName));
+        fail(tr("No place was given for the copy of %1").arg(quoted(entryName)));
         return false;
     }
 
     const QString cacheDir = CUtility::GetCacheDir();
     if (!CUtility::BuildDirectory(cacheDir)) {
-        fail(QStringLiteral("Cannot create the cache directory ") + cacheDir);
+        fail(tr("Cannot create the cache directory %1").arg(cacheDir));
         scope.Denote(m_lastError);
         return false;
     }
@@ -346,8 +337,8 @@ bool CResFileMgr::UnpackFile(const QString& entryName, std::int32_t flag, QStrin
         if (!written || !(QFile::rename(partial, target) ||
                           (QFile::remove(target) && QFile::rename(partial, target)))) {
             QFile::remove(partial);
-            fail(QStringLiteral("Cannot write the cache file ") + target + QStringLiteral(": ") +
-                 (written ? QStringLiteral("it cannot be renamed into place") : reason));
+            fail(tr("Cannot write the cache file %1: %2")
+                     .arg(target, written ? tr("it cannot be renamed into place") : reason));
             scope.Denote(m_lastError);
             return false;
         }
@@ -361,8 +352,8 @@ bool CResFileMgr::UnpackFile(const QString& entryName, std::int32_t flag, QStrin
         if (QFileInfo::exists(copyTo))
             QFile::remove(copyTo);
         if (!QFile::copy(target, copyTo)) {
-            fail(QStringLiteral("Cannot copy ") + quoted(entry.Name) + QStringLiteral(" to ") +
-                 copyTo);
+            fail(tr("Cannot copy %1 to %2").arg(quoted(entry.Name), copyTo));
+
             scope.Denote(m_lastError);
             return false;
         }

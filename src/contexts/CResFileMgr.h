@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QHash>
 #include <QImage>
 #include <QString>
@@ -43,6 +44,8 @@ struct CResFileIgnoredEntry
 // like-named entries wins.
 class CResFileMgr
 {
+    Q_DECLARE_TR_FUNCTIONS(CResFileMgr)
+
 public:
     // Remembers where the pack lies and reads its directory.
     CResFileMgr(const QString& directory, const QString& fileName);

@@ -152,10 +152,10 @@ bool CStandardGame::ensureDefinition(bool raiseOnFailure) const
     }
     if (!m_definition && raiseOnFailure) {
         const QString file = m_resFile ? m_resFile->FileName() : QStringLiteral("(none)");
-        fail("Activate", QStringLiteral("The module file ") + quoted(file) +
-                             QStringLiteral(" has no usable module.def: ") +
-                             (m_definitionError.isEmpty() ? QStringLiteral("nothing was given")
-                                                          : m_definitionError));
+        fail("Activate",
+             tr("The module file %1 has no usable module.def: %2")
+                 .arg(quoted(file),
+                      m_definitionError.isEmpty() ? tr("nothing was given") : m_definitionError));
     }
     return m_definition != nullptr;
 }
@@ -172,23 +172,22 @@ void CStandardGame::Activate(IProgressMonitor* progress)
     if (m_active)
         return;
     if (!m_resFile)
-        fail("Activate", QStringLiteral("The context ") + quoted(Caption()) +
-                             QStringLiteral(" was activated before it was initialised"));
-    report(progress, QStringLiteral("Loading the '") + Caption() + QStringLiteral("' Module..."),
-           0.2f);
+        fail("Activate",
+             tr("The context %1 was activated before it was initialised").arg(quoted(Caption())));
+    report(progress, tr("Loading the '%1' Module...").arg(Caption()), 0.2f);
     ensureDefinition(true);
     // The body is read from the cache copy, which another process on this home
     // may have removed since discovery: unpack it again when it has gone.
     if (!m_definition->BodyLoaded() &&
         !m_resFile->UnpackAndUse(definitionEntry,
                                  [&](const QString& path) { return m_definition->LoadBody(path); }))
-        fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
-                             QStringLiteral(" cannot be loaded: ") +
-                             (m_definition->LastError().isEmpty() ? m_resFile->LastError()
-                                                                  : m_definition->LastError()));
+        fail("Activate", tr("The module %1 cannot be loaded: %2")
+                             .arg(quoted(Caption()), m_definition->LastError().isEmpty()
+                                                         ? m_resFile->LastError()
+                                                         : m_definition->LastError()));
     if (m_definition->TokenCount() > std::numeric_limits<std::int16_t>::max())
-        fail("Activate", QStringLiteral("The module ") + quoted(Caption()) +
-                             QStringLiteral(" has more tokens than a game can keep"));
+        fail("Activate",
+             tr("The module %1 has more tokens than a game can keep").arg(quoted(Caption())));
 
     try {
         CImageListMgr& lists = Root().ImageListMgr();
@@ -200,12 +199,12 @@ void CStandardGame::Activate(IProgressMonitor* progress)
         m_unitList = lists.GetImageList(definition.MaskColor(), definition.UnitHeight(),
                                         definition.UnitWidth());
 
-        report(progress, QStringLiteral("Loading the Map..."), 0);
+        report(progress, tr("Loading the Map..."), 0);
         m_mapPicture = m_resFile->UnpackImage(definition.MapFile());
         if (m_mapPicture.isNull())
-            fail("Activate", QStringLiteral("The board picture ") + quoted(definition.MapFile()) +
-                                 QStringLiteral(" of the module ") + quoted(Caption()) +
-                                 QStringLiteral(" cannot be read: ") + m_resFile->LastError());
+            fail("Activate",
+                 tr("The board picture %1 of the module %2 cannot be read: %3")
+                     .arg(quoted(definition.MapFile()), quoted(Caption()), m_resFile->LastError()));
 
         m_tokens.Clear();
         m_customTools.Clear();
@@ -262,9 +261,9 @@ void CStandardGame::buildTokens(IProgressMonitor* progress)
 {
     const CModuleDefinition& definition = *m_definition;
     const std::int32_t count = definition.TokenCount();
-    const QString ofCount = QStringLiteral(" of ") + QString::number(count) + QStringLiteral("...");
+    const QString loading = tr("Loading Token %1 of %2...");
     for (std::int32_t i = 1; i <= count; ++i) {
-        report(progress, QStringLiteral("Loading Token ") + QString::number(i) + ofCount, 0);
+        report(progress, loading.arg(i).arg(count), 0);
         CModuleDefinition::Token record;
         record.Class = definition.TokenClass(i);
         record.Id = definition.TokenId(i);
@@ -326,8 +325,8 @@ std::shared_ptr<CGame> CStandardGame::CreateDefaultGame()
 {
     CTraceScope scope("CreateDefaultGame", "CStandardGame");
     if (!m_active)
-        fail("CreateDefaultGame", QStringLiteral("The module ") + quoted(Caption()) +
-                                      QStringLiteral(" must be active to create a game"));
+        fail("CreateDefaultGame",
+             tr("The module %1 must be active to create a game").arg(quoted(Caption())));
     const QString initialGame = m_definition->InitialGameFile();
     if (initialGame.isEmpty())
         return createStartGame();
@@ -340,7 +339,7 @@ std::shared_ptr<CGame> CStandardGame::createStartGame() const
     auto game = std::make_shared<CGame>(CUtility::GenerateId());
     auto group = std::make_shared<CMapGroup>(CUtility::GenerateId());
     auto map = std::make_shared<CMap>(CUtility::GenerateId(), group->Id());
-    map->SetName(QStringLiteral("Start"));
+    map->SetName(tr("Start"));
     group->Maps().AddItem(map);
     game->MapGroups().AddItem(group);
     game->SwitchTo(group);
@@ -349,12 +348,11 @@ std::shared_ptr<CGame> CStandardGame::createStartGame() const
 
 std::shared_ptr<CGame> CStandardGame::createInitialGame(const QString& entryName)
 {
-    const QString which = QStringLiteral("The initial game ") + quoted(entryName) +
-                          QStringLiteral(" of the module ") + quoted(Caption());
+    const QString cannotRead = tr("The initial game %1 of the module %2 cannot be read: %3");
     QByteArray bytes;
     if (!m_resFile->ReadEntry(entryName, bytes))
         fail("CreateDefaultGame",
-             which + QStringLiteral(" cannot be read: ") + m_resFile->LastError());
+             cannotRead.arg(quoted(entryName), quoted(Caption()), m_resFile->LastError()));
 
     QString error;
     std::shared_ptr<CGame> loaded;
@@ -364,9 +362,10 @@ std::shared_ptr<CGame> CStandardGame::createInitialGame(const QString& entryName
         loaded = CGameFile::FromBytes(bytes, &error);
     }
     if (!loaded)
-        fail("CreateDefaultGame", which + QStringLiteral(" cannot be read: ") + error);
+        fail("CreateDefaultGame", cannotRead.arg(quoted(entryName), quoted(Caption()), error));
     if (loaded->MapGroups().Count() == 0 || !loaded->ActiveMapGroup())
-        fail("CreateDefaultGame", which + QStringLiteral(" holds no map"));
+        fail("CreateDefaultGame", tr("The initial game %1 of the module %2 holds no map")
+                                      .arg(quoted(entryName), quoted(Caption())));
 
     // Every new game gets an id of its own; the loaded groups move over as they are.
     auto game = std::make_shared<CGame>(CUtility::GenerateId());

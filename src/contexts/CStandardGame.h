@@ -3,6 +3,7 @@
 #include "contexts/CModuleDefinition.h"
 #include "contexts/IGameContext.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QImage>
 #include <QString>
@@ -20,6 +21,8 @@
 // fails activation with a KorvaneError that says why.
 class CStandardGame : public IGameContext, public std::enable_shared_from_this<CStandardGame>
 {
+    Q_DECLARE_TR_FUNCTIONS(CStandardGame)
+
 public:
     // Number of the KorvaneError raised when a module cannot be used.
     static constexpr int ModuleErrorNumber = 5;

@@ -1,5 +1,7 @@
 #include "CUserDefinedGame.h"
 
+#include <QCoreApplication>
+
 QString CUserDefinedGame::FileExtension() const
 {
     return QStringLiteral("cmf");
@@ -7,7 +9,7 @@ QString CUserDefinedGame::FileExtension() const
 
 QString CUserDefinedGame::FileCaption() const
 {
-    return QStringLiteral("Custom Korvane Map Files");
+    return QCoreApplication::translate("CUserDefinedGame", "Custom Korvane Map Files");
 }
 
 bool CUserDefinedGame::IsUserDefined() const

@@ -18,6 +18,8 @@
 #include "persist/CPersistMgr.h"
 #include "persist/CZlib.h"
 
+#include <QCoreApplication>
+
 #include <cstdlib>
 
 namespace {
@@ -92,7 +94,7 @@ CKorvane::~CKorvane()
 
 void CKorvane::Constructor(IProgressMonitor* progress)
 {
-    report(progress, QStringLiteral("Initializing..."));
+    report(progress, QCoreApplication::translate("CKorvane", "Initializing..."));
 
     m_controls = std::make_unique<CControlHost>();
     m_utility = std::make_unique<CUtility>();
@@ -116,7 +118,8 @@ void CKorvane::Constructor(IProgressMonitor* progress)
     // The windows read context information when they load, so they come last.
     if (m_guiFactory)
         m_gui = m_guiFactory();
-    report(progress, QStringLiteral("Finished..."));
+    report(progress, QCoreApplication::translate("CKorvane", "Finished..."));
+
     report(progress, QString());
 }
 

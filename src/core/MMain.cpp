@@ -12,6 +12,8 @@
 #include "model/CGameEventMgr.h"
 #include "persist/CPersistMgr.h"
 
+#include <QCoreApplication>
+
 namespace MMain {
 
 bool SwitchContext(const std::shared_ptr<IGameContext>& context)
@@ -28,9 +30,11 @@ bool SwitchContext(const std::shared_ptr<IGameContext>& context)
         context->Activate(busy.Window());
     } catch (const KorvaneError& failure) {
         root.SetContext(nullptr);
-        FMessageBox::Tell(QStringLiteral("The module '") + context->Caption() +
-                              QStringLiteral("' cannot be loaded.\n\n") + failure.Description(),
-                          FMessageBox::Icon::Exclamation);
+        FMessageBox::Tell(
+            QCoreApplication::translate("MMain", "The module '%1' cannot be loaded.\n\n%2")
+                .arg(context->Caption(), failure.Description()),
+
+            FMessageBox::Icon::Exclamation);
         return false;
     }
     root.EventMgr().NotifyOfNewContext(nullptr);

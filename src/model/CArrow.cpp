@@ -4,6 +4,8 @@
 #include "persist/COutputStream.h"
 #include "persist/CRecordReader.h"
 
+#include <QCoreApplication>
+
 void CArrow::SaveTo(COutputStream& stream) const
 {
     stream.WriteInteger(RecordVersion);
@@ -24,7 +26,7 @@ void CArrow::RestoreFrom(CInputStream& stream)
 void CArrow::RestoreFrom(CRecordReader& in)
 {
     CRecordReader::Section section(in, "CArrow.RestoreFrom");
-    in.Version(QStringLiteral("arrow"), 1, RecordVersion);
+    in.Version(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "arrow")), 1, RecordVersion);
     QString id = in.SmallString();
     const std::int32_t headX = in.Long();
     const std::int32_t headY = in.Long();

@@ -12,6 +12,8 @@
 #include "persist/CRecordReader.h"
 #include "tokens/IToken.h"
 
+#include <QCoreApplication>
+
 #include <limits>
 
 namespace {
@@ -91,8 +93,10 @@ void CGame::SaveTo(COutputStream& stream)
 {
     CTraceScope scope("SaveTo", "CGame");
     if (m_groups.Count() > std::numeric_limits<std::int16_t>::max())
-        throw KorvaneError(6, QStringLiteral("CGame.SaveTo"),
-                           QStringLiteral("A game cannot store more than 32767 map groups"));
+        throw KorvaneError(
+            6, QStringLiteral("CGame.SaveTo"),
+            QCoreApplication::translate("CGame", "A game cannot store more than 32767 map groups"));
+
     stream.WriteInteger(RecordVersion);
     stream.WriteSmallString(m_id);
     stream.WriteSmallString(m_name);
@@ -108,7 +112,8 @@ void CGame::RestoreFrom(CInputStream& stream)
 {
     CTraceScope scope("RestoreFrom", "CGame");
     CRecordReader in(stream, "CGame.RestoreFrom");
-    const std::int16_t version = in.Version(QStringLiteral("game"), 1, RecordVersion);
+    const std::int16_t version =
+        in.Version(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "game")), 1, RecordVersion);
     if (version == 1) {
         restoreVersion1(in);
         return;
@@ -116,7 +121,8 @@ void CGame::RestoreFrom(CInputStream& stream)
     m_id = in.SmallString();
     m_name = in.SmallString();
     m_remarks = in.SmallString();
-    const std::int32_t count = in.IntegerCount(QStringLiteral("map groups"), groupEntryBytes);
+    const std::int32_t count = in.IntegerCount(
+        QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "map groups")), groupEntryBytes);
     m_groups.Clear();
     m_activeGroup.reset();
     std::int64_t mapCount = 0;
@@ -128,8 +134,8 @@ void CGame::RestoreFrom(CInputStream& stream)
         mapCount += group->Maps().Count();
         if (mapCount > MaximumMapCount)
             in.Fail(CRecordReader::InvalidFormatError,
-                    QStringLiteral("The game holds more than %1 maps, more than Korvane can "
-                                   "open")
+                    QCoreApplication::translate(
+                        "CGame", "The game holds more than %1 maps, more than Korvane can open")
                         .arg(MaximumMapCount));
     }
     if (m_groups.Count() > 0)
@@ -141,7 +147,8 @@ void CGame::restoreVersion1(CRecordReader& in)
     m_id = in.SmallString();
     m_name = in.SmallString();
     m_remarks = in.SmallString();
-    std::int32_t count = in.IntegerCount(QStringLiteral("maps"), CMap::MinimumRecordBytes);
+    std::int32_t count = in.IntegerCount(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "maps")),
+                                         CMap::MinimumRecordBytes);
     m_groups.Clear();
     m_activeGroup.reset();
 

@@ -13,6 +13,7 @@
 #include "persist/CRecordReader.h"
 #include "tokens/IToken.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -34,17 +35,19 @@ void checkStoredCount(qsizetype count, const char* items)
 {
     if (count > maximumStoredCount)
         throw KorvaneError(6, QStringLiteral("CMap.SaveTo"),
-                           QStringLiteral("A map cannot store more than %1 %2; this one has %3")
+                           QCoreApplication::translate(
+                               "CMap", "A map cannot store more than %1 %2; this one has %3")
                                .arg(maximumStoredCount)
-                               .arg(QLatin1String(items))
+                               .arg(QCoreApplication::translate("CRecordReader", items))
                                .arg(count));
 }
 
 [[noreturn]] void failUnknownToken(const char* source, const QString& tokenId)
 {
     throw KorvaneError(CRecordReader::InvalidFormatError, QLatin1String(source),
-                       QStringLiteral("The counter \"%1\" is not part of the active game module, "
-                                      "so the map cannot be read")
+                       QCoreApplication::translate("CMap",
+                                                   "The counter \"%1\" is not part of the active "
+                                                   "game module, so the map cannot be read")
                            .arg(tokenId));
 }
 
@@ -59,8 +62,8 @@ std::int32_t tokenPosition(const IGameContext& context, const IToken& token)
     const std::int32_t position = tokens.IndexOf(&token);
     if (position == 0 || position > maximumStoredCount)
         throw KorvaneError(fileError, QStringLiteral("CMap.ReleaseLock"),
-                           QStringLiteral("The counter \"%1\" of a unit is not part of the "
-                                          "active game module")
+                           QCoreApplication::translate("CMap", "The counter \"%1\" of a unit is "
+                                                               "not part of the active game module")
                                .arg(token.Id()));
     return position;
 }
@@ -210,8 +213,9 @@ void CMap::writeSwapFile()
     const IGameContext* context = root ? root->Context().get() : nullptr;
     if (!context && m_units->Count() > 0)
         throw KorvaneError(fileError, QStringLiteral("CMap.ReleaseLock"),
-                           QStringLiteral("The units of a map cannot be swapped out while no "
-                                          "game module is active"));
+                           QCoreApplication::translate("CMap", "The units of a map cannot be "
+                                                               "swapped out while no game module "
+                                                               "is active"));
     // One buffer serves every swap: it keeps its capacity between maps, so
     // switching allocates no large blocks.
     static COutputStream out;
@@ -255,12 +259,14 @@ void CMap::writeSwapFile()
     if (!written) {
         // A short write on a full disk leaves no error of its own to quote.
         const QString reason = file.error() == QFileDevice::NoError
-                                   ? QStringLiteral("not every byte could be written (is the "
-                                                    "disk full?)")
+                                   ? QCoreApplication::translate(
+                                         "CMap", "not every byte could be written (is the disk "
+                                                 "full?)")
                                    : file.errorString();
-        throw KorvaneError(fileError, QStringLiteral("CMap.ReleaseLock"),
-                           QStringLiteral("The swap file %1 cannot be written: %2")
-                               .arg(QDir::toNativeSeparators(m_swapFile), reason));
+        throw KorvaneError(
+            fileError, QStringLiteral("CMap.ReleaseLock"),
+            QCoreApplication::translate("CMap", "The swap file %1 cannot be written: %2")
+                .arg(QDir::toNativeSeparators(m_swapFile), reason));
     }
     m_swapWritten = true;
 }
@@ -268,9 +274,10 @@ void CMap::writeSwapFile()
 CMap::Lists CMap::readSwapFile() const
 {
     const auto fail = [this](int number, const QString& reason) {
-        throw KorvaneError(number, QStringLiteral("CMap.AquireLock"),
-                           QStringLiteral("The swap file %1 cannot be read: %2")
-                               .arg(QDir::toNativeSeparators(m_swapFile), reason));
+        throw KorvaneError(
+            number, QStringLiteral("CMap.AquireLock"),
+            QCoreApplication::translate("CMap", "The swap file %1 cannot be read: %2")
+                .arg(QDir::toNativeSeparators(m_swapFile), reason));
     };
     // Read into a buffer kept between swaps, for the same reason as above.
     static std::vector<unsigned char> bytes;
@@ -279,7 +286,7 @@ CMap::Lists CMap::readSwapFile() const
         fail(fileError, file.errorString());
     const qint64 size = file.size();
     if (size <= 0 || size > std::numeric_limits<std::int32_t>::max())
-        fail(fileError, QStringLiteral("it is empty or too large"));
+        fail(fileError, QCoreApplication::translate("CMap", "it is empty or too large"));
     if (bytes.size() < static_cast<std::size_t>(size))
         bytes.resize(static_cast<std::size_t>(size));
     if (file.read(reinterpret_cast<char*>(bytes.data()), size) != size)
@@ -295,27 +302,30 @@ CMap::Lists CMap::readSwapFile() const
         const std::int32_t tokenCount = in.Long();
         CKorvane* root = RootOrNull();
         const IGameContext* context = root ? root->Context().get() : nullptr;
-        const std::int32_t unitCount = in.LongCount(QStringLiteral("units"), swapUnitEntryBytes);
+        const std::int32_t unitCount = in.LongCount(
+            QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "units")), swapUnitEntryBytes);
         if (unitCount > 0 &&
             (!context || context->Id() != contextId || context->Tokens().Count() != tokenCount))
             in.Fail(CRecordReader::InvalidFormatError,
-                    QStringLiteral("it was written for the game module \"%1\", which is no "
-                                   "longer active")
+                    QCoreApplication::translate("CMap", "it was written for the game module "
+                                                        "\"%1\", which is no longer active")
                         .arg(contextId));
         units->SetIncrement(std::max(unitCount, CVector<CUnit>::DefaultIncrement));
         for (std::int32_t i = 0; i < unitCount; ++i) {
             const std::int16_t position = in.Integer();
             if (position < 1 || position > tokenCount)
-                in.Fail(CRecordReader::InvalidFormatError,
-                        QStringLiteral("a unit names the counter number %1 of %2")
-                            .arg(position)
-                            .arg(tokenCount));
+                in.Fail(
+                    CRecordReader::InvalidFormatError,
+                    QCoreApplication::translate("CMap", "a unit names the counter number %1 of %2")
+                        .arg(position)
+                        .arg(tokenCount));
             auto unit = std::make_shared<CUnit>(in.SmallString(), context->Tokens().Item(position));
             unit->RestoreFrom(in);
             units->AddItem(std::move(unit));
         }
         const std::int32_t arrowCount =
-            in.LongCount(QStringLiteral("arrows"), CArrow::MinimumRecordBytes);
+            in.LongCount(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "arrows")),
+                         CArrow::MinimumRecordBytes);
         for (std::int32_t i = 0; i < arrowCount; ++i) {
             auto arrow = std::make_shared<CArrow>(QString());
             arrow->RestoreFrom(in);
@@ -355,8 +365,8 @@ void CMap::SaveTo(COutputStream& stream) const
     const CVector<CArrow>* arrows = m_swappedOut ? swapped.Arrows.get() : m_arrows.get();
     const std::int32_t unitCount = units ? units->Count() : 0;
     const std::int32_t arrowCount = arrows ? arrows->Count() : 0;
-    checkStoredCount(unitCount, "units");
-    checkStoredCount(arrowCount, "arrows");
+    checkStoredCount(unitCount, QT_TRANSLATE_NOOP("CRecordReader", "units"));
+    checkStoredCount(arrowCount, QT_TRANSLATE_NOOP("CRecordReader", "arrows"));
     stream.WriteInteger(RecordVersion);
     stream.WriteSmallString(m_name);
     stream.WriteSmallString(m_remarks);
@@ -384,7 +394,7 @@ void CMap::RestoreFrom(CRecordReader& in)
 {
     CTraceScope scope("RestoreFrom", "CMap");
     CRecordReader::Section section(in, "CMap.RestoreFrom");
-    in.Version(QStringLiteral("map"), 1, RecordVersion);
+    in.Version(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "map")), 1, RecordVersion);
     QString name = in.SmallString();
     QString remarks = in.SmallString();
     QString text = in.String();
@@ -393,7 +403,8 @@ void CMap::RestoreFrom(CRecordReader& in)
     // Empty lists are made only when the map is locked: a game of many
     // empty maps then costs little more than the maps themselves.
     std::unique_ptr<CVector<CUnit>> units;
-    const std::int32_t unitCount = in.IntegerCount(QStringLiteral("units"), unitEntryBytes);
+    const std::int32_t unitCount = in.IntegerCount(
+        QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "units")), unitEntryBytes);
     if (unitCount > 0) {
         units = std::make_unique<CVector<CUnit>>();
         // One growth for the whole list instead of one per ten units.
@@ -410,8 +421,8 @@ void CMap::RestoreFrom(CRecordReader& in)
         units->AddItem(std::move(unit));
     }
     std::unique_ptr<CVector<CArrow>> arrows;
-    const std::int32_t arrowCount =
-        in.IntegerCount(QStringLiteral("arrows"), CArrow::MinimumRecordBytes);
+    const std::int32_t arrowCount = in.IntegerCount(
+        QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "arrows")), CArrow::MinimumRecordBytes);
     if (arrowCount > 0)
         arrows = std::make_unique<CVector<CArrow>>();
     for (std::int32_t i = 0; i < arrowCount; ++i) {

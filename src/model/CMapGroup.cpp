@@ -8,6 +8,8 @@
 #include "persist/COutputStream.h"
 #include "persist/CRecordReader.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -57,8 +59,10 @@ void CMapGroup::SaveTo(COutputStream& stream)
 {
     CTraceScope scope("SaveTo", "CMapGroup");
     if (m_maps.Count() > std::numeric_limits<std::int16_t>::max())
-        throw KorvaneError(6, QStringLiteral("CMapGroup.SaveTo"),
-                           QStringLiteral("A group cannot store more than 32767 maps"));
+        throw KorvaneError(
+            6, QStringLiteral("CMapGroup.SaveTo"),
+            QCoreApplication::translate("CMapGroup", "A group cannot store more than 32767 maps"));
+
     stream.WriteInteger(RecordVersion);
     stream.WriteBoolean(m_frozen);
     stream.WriteInteger(static_cast<std::int16_t>(m_maps.Count()));
@@ -76,9 +80,10 @@ void CMapGroup::RestoreFrom(CRecordReader& in)
 {
     CTraceScope scope("RestoreFrom", "CMapGroup");
     CRecordReader::Section section(in, "CMapGroup.RestoreFrom");
-    in.Version(QStringLiteral("map group"), 1, RecordVersion);
+    in.Version(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "map group")), 1, RecordVersion);
     const bool frozen = in.Boolean();
-    const std::int32_t count = in.IntegerCount(QStringLiteral("maps"), CMap::MinimumRecordBytes);
+    const std::int32_t count = in.IntegerCount(
+        QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "maps")), CMap::MinimumRecordBytes);
     CVector<CMap> maps;
     // One growth for the whole list instead of one per ten maps.
     maps.SetIncrement(std::max(count, CVector<CMap>::DefaultIncrement));

@@ -6,6 +6,8 @@
 #include "persist/CRecordReader.h"
 #include "tokens/IToken.h"
 
+#include <QCoreApplication>
+
 CUnit::CUnit(QString id, std::shared_ptr<IToken> token)
     : m_id(std::move(id)), m_token(std::move(token))
 {
@@ -35,7 +37,8 @@ void CUnit::RestoreFrom(CInputStream& stream)
 void CUnit::RestoreFrom(CRecordReader& in)
 {
     CRecordReader::Section section(in, "CUnit.RestoreFrom");
-    const std::int16_t version = in.Version(QStringLiteral("unit"), 1, RecordVersion);
+    const std::int16_t version =
+        in.Version(QStringLiteral(QT_TRANSLATE_NOOP("CRecordReader", "unit")), 1, RecordVersion);
     // Everything is read before anything is changed, so a failure leaves the unit as it was.
     QString id = m_id;
     if (m_token->PersistId())

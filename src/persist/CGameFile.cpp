@@ -53,9 +53,9 @@ QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId, QStri
     CZlib zlib;
     const std::unique_ptr<COutputStream> packed = zlib.Compact(body);
     if (zlib.LastResult() != Z_OK)
-        throw KorvaneError(7, QStringLiteral("CGameFile.ToBytes"),
-                           QStringLiteral("The game could not be compressed (zlib error %1)")
-                               .arg(zlib.LastResult()));
+        throw KorvaneError(
+            7, QStringLiteral("CGameFile.ToBytes"),
+            tr("The game could not be compressed (zlib error %1)").arg(zlib.LastResult()));
 
     COutputStream header;
     header.Constructor(4 + 1 + 255 + 4);
@@ -80,13 +80,13 @@ bool CGameFile::ReadHeader(const QByteArray& bytes, Header& header, QString* err
     CInputStream in = CInputStream::FromBytes(bytes.left(4 + 1 + 255 + 4));
     for (const char c : magic) {
         if (in.ReadByte() != static_cast<std::uint8_t>(c)) {
-            setError(error, QStringLiteral("it is not a Korvane game file"));
+            setError(error, tr("it is not a Korvane game file"));
             return false;
         }
     }
     const std::int32_t idLength = in.Remaining() > 0 ? bytes.at(4) & 0xFF : -1;
     if (idLength < 0 || in.Remaining() < 1 + idLength + 4) {
-        setError(error, QStringLiteral("the file ends inside its header"));
+        setError(error, tr("the file ends inside its header"));
         return false;
     }
     header.StoredContextId = in.ReadSmallString();
@@ -115,7 +115,7 @@ std::shared_ptr<CGame> CGameFile::FromDevice(QIODevice& file, QString* error,
     if (header.BodyLength <= 0 || header.BodyLength > MaximumBodyLength ||
         header.BodyLength > packedLength * MaximumExpansion) {
         // Shown as stored, unsigned: a Long of 2 GiB reads as negative.
-        setError(error, QStringLiteral("its declared body length (%1 bytes) cannot be right")
+        setError(error, tr("its declared body length (%1 bytes) cannot be right")
                             .arg(static_cast<std::uint32_t>(header.BodyLength)));
         return nullptr;
     }
@@ -131,7 +131,7 @@ std::shared_ptr<CGame> CGameFile::FromDevice(QIODevice& file, QString* error,
             ? CZlib::Inflate(file, inflated.data(), inflated.size(), produced, consumed)
             : Z_ERRNO;
     if (result != Z_OK || produced != inflated.size()) {
-        setError(error, QStringLiteral("its compressed body is damaged"));
+        setError(error, tr("its compressed body is damaged"));
         return nullptr;
     }
     if (compressedLength)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -17,6 +18,8 @@ class QIODevice;
 // translate between short codes and context ids.
 class CGameFile
 {
+    Q_DECLARE_TR_FUNCTIONS(CGameFile)
+
 public:
     struct Header
     {

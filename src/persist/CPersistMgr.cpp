@@ -26,7 +26,8 @@
 
 namespace {
 
-const QString saveFilter = QStringLiteral("Korvane Game Files  (*.krf)|*.krf");
+const char* const saveFilter =
+    QT_TRANSLATE_NOOP("CPersistMgr", "Korvane Game Files  (*.krf)|*.krf");
 const QString openDefaultPattern = QStringLiteral("*.krf;*.cmf");
 
 // Magic, the longest context id and the body length, a body of the largest
@@ -103,7 +104,7 @@ bool CPersistMgr::save(bool askForName)
             return false;
     }
     if (!built || !WriteGameFile(image)) {
-        tell(QStringLiteral("Disk write error!"), FMessageBox::Icon::Critical);
+        tell(tr("Disk write error!"), FMessageBox::Icon::Critical);
         return false;
     }
     game->SetDirty(0);
@@ -121,7 +122,7 @@ QString CPersistMgr::LossyTextsSummary(const QStringList& texts, qsizetype shown
         quoted << QLatin1Char('"') + text + QLatin1Char('"');
     QString summary = quoted.join(separator);
     if (texts.size() > shown)
-        summary += separator + QStringLiteral("and %1 more").arg(texts.size() - shown);
+        summary += separator + tr("and %1 more").arg(texts.size() - shown);
     return summary;
 }
 
@@ -131,11 +132,10 @@ bool CPersistMgr::MayChangeTexts(const QStringList& texts) const
     if (!box)
         return true;
     const QString question =
-        QStringLiteral("Game files keep texts in the Western (Windows-1252) character set. "
-                       "These texts hold characters outside it, which will be saved as \"?\":"
-                       "\n\n") +
-        LossyTextsSummary(texts, 10, QStringLiteral("\n")) +
-        QStringLiteral("\n\nDo you want to save the game anyway?");
+        tr("Game files keep texts in the Western (Windows-1252) character set. These texts hold "
+           "characters outside it, which will be saved as \"?\":\n\n%1\n\nDo you want to save "
+           "the game anyway?")
+            .arg(LossyTextsSummary(texts, 10, QStringLiteral("\n")));
     return box->Question(CKorvane::Name(), question, FMessageBox::Buttons::YesNo,
                          FMessageBox::Icon::Exclamation,
                          FMessageBox::Answer::Yes) == FMessageBox::Answer::Yes;
@@ -150,8 +150,8 @@ bool CPersistMgr::AbandonCurrentGame()
     FMessageBox::Answer answer = FMessageBox::Answer::Yes;
     if (FMessageBox* box = FMessageBox::Current())
         answer = box->Question(CKorvane::Name(),
-                               QStringLiteral("The current game has been modified.  Do you want "
-                                              "to save the changes to this game?"),
+                               tr("The current game has been modified.  Do you want to save the "
+                                  "changes to this game?"),
                                FMessageBox::Buttons::YesNoCancel, FMessageBox::Icon::Question,
                                FMessageBox::Answer::Yes);
     switch (answer) {
@@ -179,7 +179,7 @@ bool CPersistMgr::SelectFileToSave()
         directory = StartDirectory();
     const QString name = game.File().isEmpty() ? game.Name() : game.File();
     const QString extension = game.Extension().isEmpty() ? QStringLiteral("krf") : game.Extension();
-    if (!dialog->Display(saveFilter, name, extension, directory))
+    if (!dialog->Display(tr(saveFilter), name, extension, directory))
         return false;
 
     game.SetFile(dialog->SelFile());
@@ -254,8 +254,7 @@ QString CPersistMgr::ContextIdFromFile(const QString& fileName) const
 
 void CPersistMgr::refuseFile(const QString& fileName, const QString& reason) const
 {
-    tell(QStringLiteral("File '") + fileName + QStringLiteral("' cannot be opened.\n\n") +
-             sentence(reason),
+    tell(tr("File '%1' cannot be opened.\n\n%2").arg(fileName, sentence(reason)),
          FMessageBox::Icon::Exclamation);
 }
 
@@ -269,7 +268,7 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         return nullptr;
     }
     if (file.size() > maximumFileSize) {
-        refuseFile(fileName, QStringLiteral("it is too large to be a Korvane game file"));
+        refuseFile(fileName, tr("it is too large to be a Korvane game file"));
         return nullptr;
     }
     // Only the header now; the body is inflated from the file as it is read.
@@ -292,13 +291,13 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         // The caller activates the file's context first; a file that gets here
         // names a module that is missing, or one that is not active.
         if (const auto other = installedContext(contextId))
-            refuseFile(fileName, QStringLiteral("it was saved with the game module '") +
-                                     other->Caption() +
-                                     QStringLiteral("', which is not the active one"));
+            refuseFile(fileName,
+                       tr("it was saved with the game module '%1', which is not the active one")
+                           .arg(other->Caption()));
         else
-            tell(QStringLiteral("File '") + fileName +
-                     QStringLiteral("' is either invalid or you do not have the corresponding "
-                                    "Module installed."),
+            tell(tr("File '%1' is either invalid or you do not have the corresponding Module "
+                    "installed.")
+                     .arg(fileName),
                  FMessageBox::Icon::Exclamation);
         return nullptr;
     }
@@ -347,8 +346,7 @@ void CPersistMgr::RememberDirectory(const QString& directory)
 QString CPersistMgr::SelectFileToOpen()
 {
     CTraceScope scope("SelectFileToOpen", "CPersistMgr");
-    QStringList entries{QStringLiteral("Korvane Map Files (*.krf, *.cmf)"),
-                        QStringLiteral("*.krf;*.cmf")};
+    QStringList entries{tr("Korvane Map Files (*.krf, *.cmf)"), QStringLiteral("*.krf;*.cmf")};
     QStringList legacyPatterns;
     const CContextMgr& manager = Root().ContextMgr();
     for (std::int32_t i = 1; i <= manager.ContextCount(); ++i) {
@@ -362,7 +360,7 @@ QString CPersistMgr::SelectFileToOpen()
         if (!legacyPatterns.contains(pattern))
             legacyPatterns << pattern;
     }
-    entries << QStringLiteral("Legacy Korvane Map Files") << legacyPatterns.join(QLatin1Char(';'));
+    entries << tr("Legacy Korvane Map Files") << legacyPatterns.join(QLatin1Char(';'));
 
     CGui* gui = Root().Gui();
     FOpenFileDlg* dialog = gui ? gui->OpenFileDlg() : nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +19,8 @@ class CGame;
 // "LastDir").
 class CPersistMgr
 {
+    Q_DECLARE_TR_FUNCTIONS(CPersistMgr)
+
 public:
     static constexpr const char* SettingsSection = "CPersistMgr";
     static constexpr const char* LastDirKey = "LastDir";

@@ -36,10 +36,16 @@ void CRecordReader::Fail(int number, const QString& description) const
     throw KorvaneError(number, QLatin1String(m_source), description);
 }
 
-void CRecordReader::failTruncated() const
+QString CRecordReader::translated(const QString& noun)
 {
-    Fail(TruncatedError, QStringLiteral("The data ends in the middle of a record: "
-                                        "the file is truncated or damaged"));
+    return tr(noun.toUtf8().constData());
+}
+
+void CRecordReader::failTruncated() const
+
+{
+    Fail(TruncatedError,
+         tr("The data ends in the middle of a record: the file is truncated or damaged"));
 }
 
 QString CRecordReader::decode(const unsigned char* bytes, std::int32_t byteCount) const
@@ -81,8 +87,7 @@ QString CRecordReader::exactText()
         length = Long();
     if (length < 0)
         Fail(InvalidFormatError,
-             QStringLiteral("A text of negative length (%1) was found: the file is damaged")
-                 .arg(length));
+             tr("A text of negative length (%1) was found: the file is damaged").arg(length));
     need(2 * length);
     return text(static_cast<std::int32_t>(2 * length));
 }
@@ -104,8 +109,7 @@ QString CRecordReader::String()
     const std::int16_t length = Integer();
     if (length < 0)
         Fail(InvalidFormatError,
-             QStringLiteral("A text of negative length (%1) was found: the file is damaged")
-                 .arg(length));
+             tr("A text of negative length (%1) was found: the file is damaged").arg(length));
     return text(length);
 }
 
@@ -114,16 +118,14 @@ std::int16_t CRecordReader::Version(const QString& record, std::int16_t lowest,
 {
     const std::int16_t version = Integer();
     if (version > highest)
-        Fail(InvalidFormatError,
-             QStringLiteral("The %1 record has version %2, which this program does not know: "
-                            "it was written by a newer version of Korvane")
-                 .arg(record)
-                 .arg(version));
+        Fail(InvalidFormatError, tr("The %1 record has version %2, which this program does not "
+                                    "know: it was written by a newer version of Korvane")
+                                     .arg(translated(record))
+                                     .arg(version));
     if (version < lowest)
-        Fail(InvalidFormatError,
-             QStringLiteral("The %1 record has the invalid version %2: the file is damaged")
-                 .arg(record)
-                 .arg(version));
+        Fail(InvalidFormatError, tr("The %1 record has the invalid version %2: the file is damaged")
+                                     .arg(translated(record))
+                                     .arg(version));
     return version;
 }
 
@@ -131,17 +133,17 @@ std::int32_t CRecordReader::checkCount(std::int64_t count, const QString& items,
                                        std::int32_t minimumBytes) const
 {
     if (count < 0)
-        Fail(InvalidFormatError,
-             QStringLiteral("A negative number of %1 (%2) was found: the file is damaged")
-                 .arg(items)
-                 .arg(count));
+        Fail(InvalidFormatError, tr("A negative number of %1 (%2) was found: the file is damaged")
+                                     .arg(translated(items))
+                                     .arg(count));
     if (count * minimumBytes > Remaining())
         Fail(InvalidFormatError,
-             QStringLiteral("The data claims %1 %2, more than the remaining %3 bytes can hold: "
-                            "the file is damaged")
+             tr("The data claims %1 %2, more than the remaining %3 bytes can hold: the file is "
+                "damaged")
                  .arg(count)
-                 .arg(items)
+                 .arg(translated(items))
                  .arg(Remaining()));
+
     return static_cast<std::int32_t>(count);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <array>
@@ -17,6 +18,8 @@ class CInputStream;
 // stream's Offset as the stream's own reads would.
 class CRecordReader
 {
+    Q_DECLARE_TR_FUNCTIONS(CRecordReader)
+
 public:
     static constexpr int TruncatedError = 62;
     static constexpr int InvalidFormatError = 321;
@@ -82,6 +85,10 @@ private:
             failTruncated();
     }
     [[noreturn]] void failTruncated() const;
+    // A record or item name marked with QT_TRANSLATE_NOOP("CRecordReader", ...)
+    // in the player's language.
+    static QString translated(const QString& noun);
+
     // byteCount bytes of text, in the reader's encoding.
     QString text(std::int32_t byteCount);
     QString decode(const unsigned char* bytes, std::int32_t byteCount) const;

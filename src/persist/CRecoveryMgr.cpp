@@ -182,9 +182,7 @@ bool CRecoveryMgr::OfferRecovery(FMessageBox& messages)
         const QString when =
             QLocale::system().toString(info.Saved.toLocalTime(), QLocale::ShortFormat);
         const FMessageBox::Answer answer = messages.Question(
-            CKorvane::Name(),
-            QStringLiteral("Restore unsaved changes to '") + label + QStringLiteral("' from ") +
-                when + QLatin1Char('?'),
+            CKorvane::Name(), tr("Restore unsaved changes to '%1' from %2?").arg(label, when),
             FMessageBox::Buttons::YesNo, FMessageBox::Icon::Question, FMessageBox::Answer::Yes);
         if (answer != FMessageBox::Answer::Yes) {
             scope.Denote(QStringLiteral("Discarded ") + copy.fileName());
@@ -206,9 +204,10 @@ bool CRecoveryMgr::restore(const QString& copy, const Info& info, FMessageBox& m
     const std::int32_t position = root.ContextMgr().PosOfContext(contextId);
     if (position == 0) {
         messages.Information(CKorvane::Name(),
-                             QStringLiteral("The unsaved changes cannot be restored: the game "
-                                            "module '") +
-                                 contextId + QStringLiteral("' is not installed."),
+                             tr("The unsaved changes cannot be restored: the game module '%1' "
+                                "is not installed.")
+                                 .arg(contextId),
+
                              FMessageBox::Icon::Exclamation);
         return false;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
 #include <QTimer>
@@ -23,6 +24,8 @@ class QLockFile;
 // a save or when changes are discarded, and Exit when it ends normally.
 class CRecoveryMgr
 {
+    Q_DECLARE_TR_FUNCTIONS(CRecoveryMgr)
+
 public:
     static constexpr const char* SettingsSection = "CRecoveryMgr";
     static constexpr const char* IntervalKey = "AutosaveSeconds";

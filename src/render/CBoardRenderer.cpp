@@ -10,6 +10,7 @@
 #include "model/CUnit.h"
 #include "tokens/IToken.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPolygonF>
@@ -215,21 +216,25 @@ QImage CBoardRenderer::RenderMap(const CMap& map, double scale) const
     CTraceScope scope("RenderMap", "CBoardRenderer");
     const QSize board = BoardSize();
     if (board.isEmpty())
-        failRender(QStringLiteral("The board has no picture to draw on"));
+        failRender(
+            QCoreApplication::translate("CBoardRenderer", "The board has no picture to draw on"));
     if (!std::isfinite(scale) || scale <= 0)
-        failRender(QStringLiteral("The scale must be a positive number"));
+        failRender(
+            QCoreApplication::translate("CBoardRenderer", "The scale must be a positive number"));
     const double width = std::ceil(board.width() * scale);
     const double height = std::ceil(board.height() * scale);
     if (width > MaxRenderSide || height > MaxRenderSide ||
         width * height > static_cast<double>(MaxRenderPixels))
-        failRender(QStringLiteral("A picture of %1 x %2 pixels is too large to make")
+        failRender(QCoreApplication::translate("CBoardRenderer",
+                                               "A picture of %1 x %2 pixels is too large to make")
                        .arg(width, 0, 'f', 0)
                        .arg(height, 0, 'f', 0));
 
     QImage image(std::max(1, static_cast<int>(width)), std::max(1, static_cast<int>(height)),
                  QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
-        failRender(QStringLiteral("There is not enough memory for the picture"));
+        failRender(QCoreApplication::translate("CBoardRenderer",
+                                               "There is not enough memory for the picture"));
     image.fill(Qt::white);
     QPainter painter(&image);
     if (scale != 1.0) {

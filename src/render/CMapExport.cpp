@@ -5,6 +5,7 @@
 #include "render/CBoardRenderer.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QImageWriter>
 #include <QSaveFile>
 
@@ -13,7 +14,7 @@ CMapExport::Picture CMapExport::Render(const std::shared_ptr<CMap>& map,
 {
     Picture picture;
     if (!map) {
-        picture.Error = QStringLiteral("there is no map to draw");
+        picture.Error = QCoreApplication::translate("CMapExport", "there is no map to draw");
         return picture;
     }
     QImage image;
@@ -29,7 +30,9 @@ CMapExport::Picture CMapExport::Render(const std::shared_ptr<CMap>& map,
     QImageWriter writer(&buffer, "png");
     if (!writer.write(image)) {
         picture.Png.clear();
-        picture.Error = QStringLiteral("the picture cannot be encoded: ") + writer.errorString();
+        picture.Error =
+            QCoreApplication::translate("CMapExport", "the picture cannot be encoded: %1")
+                .arg(writer.errorString());
         return picture;
     }
     picture.Size = image.size();
@@ -48,7 +51,9 @@ bool CMapExport::ToPng(const std::shared_ptr<CMap>& map,
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(picture.Png) != picture.Png.size() ||
         !file.commit()) {
-        error = QStringLiteral("cannot be written: ") + file.errorString();
+        error = QCoreApplication::translate("CMapExport", "cannot be written: %1")
+                    .arg(file.errorString());
+
         return false;
     }
     return true;

@@ -4,11 +4,6 @@
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("CMapChange", text);
-}
-
 // Captions may hold line breaks (notes); a change reads as one line.
 QString oneLine(const QString& text)
 {
@@ -33,7 +28,7 @@ QString nameOf(const QString& tokenCaption, const QString& caption)
 QString arrowName(const CMapChange& change)
 {
     const QString token = oneLine(change.TokenCaption);
-    return token.isEmpty() ? tr("Arrow") : token;
+    return token.isEmpty() ? QCoreApplication::translate("CMapChange", "Arrow") : token;
 }
 
 QString arrowWords(const CMapChange& change)
@@ -41,14 +36,14 @@ QString arrowWords(const CMapChange& change)
     const QString name = arrowName(change);
     switch (change.Kind) {
     case CMapChange::ChangeKind::Added:
-        return tr("%1 added from (%2, %3) to (%4, %5)")
+        return QCoreApplication::translate("CMapChange", "%1 added from (%2, %3) to (%4, %5)")
             .arg(name)
             .arg(change.To.x())
             .arg(change.To.y())
             .arg(change.ToHead.x())
             .arg(change.ToHead.y());
     case CMapChange::ChangeKind::Removed:
-        return tr("%1 from (%2, %3) to (%4, %5) removed")
+        return QCoreApplication::translate("CMapChange", "%1 from (%2, %3) to (%4, %5) removed")
             .arg(name)
             .arg(change.From.x())
             .arg(change.From.y())
@@ -58,7 +53,8 @@ QString arrowWords(const CMapChange& change)
     case CMapChange::ChangeKind::Changed:
         break;
     }
-    return tr("%1 moved from (%2, %3)–(%4, %5) to (%6, %7)–(%8, %9)")
+    return QCoreApplication::translate("CMapChange",
+                                       "%1 moved from (%2, %3)–(%4, %5) to (%6, %7)–(%8, %9)")
         .arg(name)
         .arg(change.From.x())
         .arg(change.From.y())
@@ -90,14 +86,15 @@ QString CMapChange::Words() const
     switch (Kind) {
     case ChangeKind::Moved:
         if (captionChanged)
-            return tr("%1 moved from (%2, %3) to (%4, %5), now %6")
+            return QCoreApplication::translate("CMapChange",
+                                               "%1 moved from (%2, %3) to (%4, %5), now %6")
                 .arg(NameBefore())
                 .arg(From.x())
                 .arg(From.y())
                 .arg(To.x())
                 .arg(To.y())
                 .arg(oneLine(CaptionAfter));
-        return tr("%1 moved from (%2, %3) to (%4, %5)")
+        return QCoreApplication::translate("CMapChange", "%1 moved from (%2, %3) to (%4, %5)")
             .arg(NameBefore())
             .arg(From.x())
             .arg(From.y())
@@ -106,15 +103,27 @@ QString CMapChange::Words() const
     case ChangeKind::Changed:
         if (captionChanged) {
             const QString after = oneLine(CaptionAfter);
-            return tr("%1 → %2").arg(NameBefore(), after.isEmpty() ? tr("(no caption)") : after);
+            return QCoreApplication::translate("CMapChange", "%1 → %2")
+                .arg(NameBefore(), after.isEmpty()
+                                       ? QCoreApplication::translate("CMapChange", "(no caption)")
+                                       : after);
         }
-        return tr("%1 at (%2, %3) changed").arg(NameAfter()).arg(To.x()).arg(To.y());
+        return QCoreApplication::translate("CMapChange", "%1 at (%2, %3) changed")
+            .arg(NameAfter())
+            .arg(To.x())
+            .arg(To.y());
     case ChangeKind::Added:
-        return tr("%1 added at (%2, %3)").arg(NameAfter()).arg(To.x()).arg(To.y());
+        return QCoreApplication::translate("CMapChange", "%1 added at (%2, %3)")
+            .arg(NameAfter())
+            .arg(To.x())
+            .arg(To.y());
     case ChangeKind::Removed:
         break;
     }
-    return tr("%1 removed from (%2, %3)").arg(NameBefore()).arg(From.x()).arg(From.y());
+    return QCoreApplication::translate("CMapChange", "%1 removed from (%2, %3)")
+        .arg(NameBefore())
+        .arg(From.x())
+        .arg(From.y());
 }
 
 QString CMapChange::KindName(ChangeKind kind)

@@ -4,18 +4,13 @@
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("CMapComparison", text);
-}
-
 // English needs only one and many; the two texts let a translator word both.
 void addCount(QStringList& parts, int count, const char* one, const char* many)
 {
     if (count == 1)
-        parts << tr(one);
+        parts << QCoreApplication::translate("CMapComparison", one);
     else if (count > 1)
-        parts << tr(many).arg(count);
+        parts << QCoreApplication::translate("CMapComparison", many).arg(count);
 }
 
 } // namespace
@@ -24,21 +19,27 @@ QString CMapComparison::Summary() const
 {
     QStringList parts;
     if (Count.Moved > 0)
-        parts << tr("%1 moved").arg(Count.Moved);
+        parts << QCoreApplication::translate("CMapComparison", "%n moved", nullptr, Count.Moved);
     if (Count.Added > 0)
-        parts << tr("%1 added").arg(Count.Added);
+        parts << QCoreApplication::translate("CMapComparison", "%n added", nullptr, Count.Added);
     if (Count.Removed > 0)
-        parts << tr("%1 removed").arg(Count.Removed);
+        parts << QCoreApplication::translate("CMapComparison", "%n removed", nullptr,
+                                             Count.Removed);
     if (Count.Changed > 0)
-        parts << tr("%1 changed").arg(Count.Changed);
-    addCount(parts, Count.ArrowsMoved, "1 arrow moved", "%1 arrows moved");
-    addCount(parts, Count.ArrowsAdded, "1 arrow added", "%1 arrows added");
-    addCount(parts, Count.ArrowsRemoved, "1 arrow removed", "%1 arrows removed");
+        parts << QCoreApplication::translate("CMapComparison", "%n changed", nullptr,
+                                             Count.Changed);
+    addCount(parts, Count.ArrowsMoved, QT_TRANSLATE_NOOP("CMapComparison", "1 arrow moved"),
+             QT_TRANSLATE_NOOP("CMapComparison", "%1 arrows moved"));
+    addCount(parts, Count.ArrowsAdded, QT_TRANSLATE_NOOP("CMapComparison", "1 arrow added"),
+             QT_TRANSLATE_NOOP("CMapComparison", "%1 arrows added"));
+    addCount(parts, Count.ArrowsRemoved, QT_TRANSLATE_NOOP("CMapComparison", "1 arrow removed"),
+             QT_TRANSLATE_NOOP("CMapComparison", "%1 arrows removed"));
     if (TextChanged)
-        parts << tr("text changed");
+        parts << QCoreApplication::translate("CMapComparison", "text changed");
     if (parts.isEmpty())
-        return NameChanged ? tr("name changed") : tr("No changes");
-    return parts.join(tr(", "));
+        return NameChanged ? QCoreApplication::translate("CMapComparison", "name changed")
+                           : QCoreApplication::translate("CMapComparison", "No changes");
+    return parts.join(QCoreApplication::translate("CMapComparison", ", "));
 }
 
 QStringList CMapComparison::Lines(bool withName) const
@@ -48,8 +49,10 @@ QStringList CMapComparison::Lines(bool withName) const
     for (const CMapChange& change : Changes)
         lines << change.Words();
     if (withName && NameChanged)
-        lines << tr("Map name changed from \"%1\" to \"%2\"").arg(NameBefore, NameAfter);
+        lines << QCoreApplication::translate("CMapComparison",
+                                             "Map name changed from \"%1\" to \"%2\"")
+                     .arg(NameBefore, NameAfter);
     if (TextChanged)
-        lines << tr("Map text changed");
+        lines << QCoreApplication::translate("CMapComparison", "Map text changed");
     return lines;
 }

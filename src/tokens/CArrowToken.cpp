@@ -7,6 +7,8 @@
 #include "core/CTraceScope.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 QString CArrowToken::Class() const
 {
     return QStringLiteral("CArrowToken");
@@ -18,8 +20,8 @@ void CArrowToken::HandleRightClick(const std::shared_ptr<CUnit>& unit)
     const QString mapId = CurrentMapId();
     if (!unit || mapId.isEmpty())
         return;
-    if (ShowMenu({{QStringLiteral("&Delete"), QStringLiteral("DELETE")}}) !=
-        QLatin1String("DELETE"))
+    if (ShowMenu({{QCoreApplication::translate("CTokenBase", "&Delete"),
+                   QStringLiteral("DELETE")}}) != QLatin1String("DELETE"))
         return;
     QString arrowId;
     CArrowHandles::End end;

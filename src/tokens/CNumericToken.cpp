@@ -7,6 +7,8 @@
 #include "core/FEditUnitNumDlg.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 QString CNumericToken::Class() const
 {
     return QStringLiteral("CNumericToken");
@@ -29,13 +31,17 @@ void CNumericToken::HandleRightClick(const std::shared_ptr<CUnit>& unit)
         return;
     const std::int32_t v = CountOf(unit->Data());
 
-    std::vector<MenuEntry> menu{{QStringLiteral("&Edit"), QStringLiteral("EDIT")}, Separator()};
+    std::vector<MenuEntry> menu{
+        {QCoreApplication::translate("CTokenBase", "&Edit"), QStringLiteral("EDIT")}, Separator()};
     if (v < MaxValue)
-        menu.push_back({QStringLiteral("&Add 1"), QStringLiteral("ADD_1")});
+        menu.push_back(
+            {QCoreApplication::translate("CTokenBase", "&Add 1"), QStringLiteral("ADD_1")});
     if (v > MinValue)
-        menu.push_back({QStringLiteral("&Subtract 1"), QStringLiteral("SUB_1")});
+        menu.push_back(
+            {QCoreApplication::translate("CTokenBase", "&Subtract 1"), QStringLiteral("SUB_1")});
     menu.push_back(Separator());
-    menu.push_back({QStringLiteral("&Delete"), QStringLiteral("DELETE")});
+    menu.push_back(
+        {QCoreApplication::translate("CTokenBase", "&Delete"), QStringLiteral("DELETE")});
 
     const QString key = ShowMenu(menu);
     if (key == QLatin1String("EDIT")) {

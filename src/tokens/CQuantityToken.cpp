@@ -15,6 +15,8 @@
 #include "core/FSplitUnitDlg.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -71,25 +73,35 @@ void CQuantityToken::HandleRightClick(const std::shared_ptr<CUnit>& unit)
         return;
     const std::int32_t q = CountOf(unit->Data());
 
-    std::vector<MenuEntry> menu{{QStringLiteral("&Edit"), QStringLiteral("EDIT")}, Separator()};
+    std::vector<MenuEntry> menu{
+        {QCoreApplication::translate("CTokenBase", "&Edit"), QStringLiteral("EDIT")}, Separator()};
     if (q < MaxCount)
-        menu.push_back({QStringLiteral("&Add 1"), QStringLiteral("ADD_1")});
+        menu.push_back(
+            {QCoreApplication::translate("CTokenBase", "&Add 1"), QStringLiteral("ADD_1")});
     if (q >= 2) {
-        menu.push_back({QStringLiteral("&Subtract 1"), QStringLiteral("SUB_1")});
+        menu.push_back(
+            {QCoreApplication::translate("CTokenBase", "&Subtract 1"), QStringLiteral("SUB_1")});
         menu.push_back(Separator());
-        menu.push_back({QStringLiteral("Split Off &1"), QStringLiteral("SPLIT_1")});
+        menu.push_back(
+            {QCoreApplication::translate("CTokenBase", "Split Off &1"), QStringLiteral("SPLIT_1")});
         if (q >= 3)
-            menu.push_back({QStringLiteral("Split Off &2 "), QStringLiteral("SPLIT_2")});
+            menu.push_back({QCoreApplication::translate("CTokenBase", "Split Off &2 "),
+                            QStringLiteral("SPLIT_2")});
         if (q >= 6)
-            menu.push_back({QStringLiteral("Split Off &5"), QStringLiteral("SPLIT_5")});
+            menu.push_back({QCoreApplication::translate("CTokenBase", "Split Off &5"),
+                            QStringLiteral("SPLIT_5")});
         if (q >= 11)
-            menu.push_back({QStringLiteral("Split Off 1&0"), QStringLiteral("SPLIT_10")});
-        menu.push_back({QStringLiteral("&Custom Split"), QStringLiteral("SPLIT_x")});
+            menu.push_back({QCoreApplication::translate("CTokenBase", "Split Off 1&0"),
+                            QStringLiteral("SPLIT_10")});
+        menu.push_back({QCoreApplication::translate("CTokenBase", "&Custom Split"),
+                        QStringLiteral("SPLIT_x")});
     }
     menu.push_back(Separator());
-    menu.push_back({QStringLiteral("&Delete"), QStringLiteral("DELETE")});
+    menu.push_back(
+        {QCoreApplication::translate("CTokenBase", "&Delete"), QStringLiteral("DELETE")});
     menu.push_back(Separator());
-    menu.push_back({QStringLiteral("Toggle &Moved"), QStringLiteral("MOVED")});
+    menu.push_back(
+        {QCoreApplication::translate("CTokenBase", "Toggle &Moved"), QStringLiteral("MOVED")});
 
     const QString key = ShowMenu(menu);
     if (key.isEmpty())
@@ -140,7 +152,8 @@ CQuantityToken::SplitSteps CQuantityToken::SplitOff(const CUnit& unit, std::int3
     newCount->SetUnitId(added->UnitId());
 
     auto group = std::make_shared<CActionGroup>();
-    group->SetCaption(QStringLiteral("Split Off ") + QString::number(n));
+    group->SetCaption(QCoreApplication::translate("IAction", "Split Off %1").arg(n));
+
     group->AddAction(CountEditOf(unit, q - n));
     group->AddAction(added);
     group->AddAction(newCount);
@@ -174,7 +187,8 @@ QString CQuantityToken::TearOff(const std::shared_ptr<CUnit>& unit, std::int32_t
     placed->SetUnitId(steps.NewUnitId);
     placed->SetPosition(static_cast<float>(left), static_cast<float>(top));
     placed->SetHasMoved(unit->HasMoved());
-    steps.Group->SetCaption(QStringLiteral("Tear Off ") + QString::number(amount));
+    steps.Group->SetCaption(QCoreApplication::translate("IAction", "Tear Off %1").arg(amount));
+
     steps.Group->SetAllowChain(true);
     steps.Group->AddAction(placed);
     Execute(steps.Group);
@@ -191,7 +205,8 @@ void CQuantityToken::HandleMoveOnto(const std::shared_ptr<CUnit>& unit,
     const std::int64_t onUnit = CountOf(unit->Data());
 
     auto group = std::make_shared<CActionGroup>();
-    group->SetCaption(QStringLiteral("Merge Units"));
+    group->SetCaption(QCoreApplication::translate("IAction", "Merge Units"));
+
     if (onTarget + onUnit <= MaxCount) {
         group->AddAction(CountEditOf(*target, onTarget + onUnit));
         auto removed = std::make_shared<CActionDeleteUnit>();

@@ -7,6 +7,8 @@
 #include "core/FEditUnitTextDlg.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 QString CTextToken::Class() const
 {
     return QStringLiteral("CTextToken");
@@ -23,9 +25,10 @@ void CTextToken::HandleRightClick(const std::shared_ptr<CUnit>& unit)
     CTraceScope scope("HandleRightClick", "CTextToken");
     if (!unit || CurrentMapId().isEmpty())
         return;
-    const QString key = ShowMenu({{QStringLiteral("&Edit"), QStringLiteral("EDIT")},
-                                  Separator(),
-                                  {QStringLiteral("&Delete"), QStringLiteral("DELETE")}});
+    const QString key = ShowMenu(
+        {{QCoreApplication::translate("CTokenBase", "&Edit"), QStringLiteral("EDIT")},
+         Separator(),
+         {QCoreApplication::translate("CTokenBase", "&Delete"), QStringLiteral("DELETE")}});
     if (key == QLatin1String("EDIT")) {
         CGui* gui = Root().Gui();
         FEditUnitTextDlg* dialog = gui ? gui->EditUnitTextDlg() : nullptr;

@@ -14,6 +14,8 @@
 #include "model/CMap.h"
 #include "model/CUnit.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 const QLatin1String deleteKey("DELETE");
@@ -107,7 +109,7 @@ void CTokenBase::HandleRightClick(const std::shared_ptr<CUnit>& unit)
     CTraceScope scope("HandleRightClick", "CTokenBase");
     if (!unit || CurrentMapId().isEmpty())
         return;
-    if (ShowMenu({{QStringLiteral("&Delete"), deleteKey}}) == deleteKey)
+    if (ShowMenu({{QCoreApplication::translate("CTokenBase", "&Delete"), deleteKey}}) == deleteKey)
         DeleteUnit(unit);
 }
 

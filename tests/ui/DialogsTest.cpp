@@ -122,7 +122,7 @@ TEST_F(Dialogs, nameDialogsRefuseBadNamesAndStayOpenWithTheFocusOnTheName)
     const auto archive = std::make_shared<CMapGroup>(CUtility::GenerateId());
     game->MapGroups().AddItem(archive);
     AddMap(*archive, QStringLiteral("Setup"));
-    const QString chars = CNameCheck::CharactersMessage;
+    const QString chars = CNameCheck::CharactersMessage();
     EXPECT_EQ(chars, "Name cannot contain any of the following characters:\r\t\\/:*?\"<>|&");
 
     frmNewMap newMap;

@@ -28,7 +28,7 @@ void CCommandGuard::Run(const std::function<void()>& command)
     } catch (const KorvaneError& failure) {
         report(failure.Description());
     } catch (const std::bad_alloc&) {
-        report(QStringLiteral("There is not enough memory to complete this command."));
+        report(tr("There is not enough memory to complete this command."));
     } catch (const std::exception& failure) {
         report(QString::fromLocal8Bit(failure.what()));
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include <functional>
 
 // Runs a command started by the user. A failure the command did not handle
@@ -7,6 +9,8 @@
 // which would end the program.
 class CCommandGuard
 {
+    Q_DECLARE_TR_FUNCTIONS(CCommandGuard)
+
 public:
     static void Run(const std::function<void()>& command);
 };

@@ -23,8 +23,7 @@ bool CGameCommands::hasModules()
 {
     if (Root().ContextMgr().ContextCount() > 0)
         return true;
-    FMessageBox::Tell(QStringLiteral("You currently don't have any Korvane Modules loaded on ") +
-                          QStringLiteral("your system!"),
+    FMessageBox::Tell(tr("You currently don't have any Korvane Modules loaded on your system!"),
                       FMessageBox::Icon::Exclamation);
     return false;
 }
@@ -41,14 +40,13 @@ bool CGameCommands::NewGame()
     const std::int32_t position = root.ContextMgr().PosOfContext(dialog->SelectedGameId());
     if (position == 0)
         return false;
-    return replaceUnder(position, QStringLiteral("Creating a new game..."), [] {
+    return replaceUnder(position, tr("Creating a new game..."), [] {
         const std::shared_ptr<IGameContext> context = Root().Context();
         try {
             return context->CreateDefaultGame();
         } catch (const KorvaneError& failure) {
-            FMessageBox::Tell(QStringLiteral("The module '") + context->Caption() +
-                                  QStringLiteral("' cannot start a new game.\n\n") +
-                                  failure.Description(),
+            FMessageBox::Tell(tr("The module '%1' cannot start a new game.\n\n%2")
+                                  .arg(context->Caption(), failure.Description()),
                               FMessageBox::Icon::Exclamation);
             return std::shared_ptr<CGame>();
         }
@@ -76,16 +74,17 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
     const std::int32_t position =
         contextId.isEmpty() ? 0 : root.ContextMgr().PosOfContext(contextId);
     if (position == 0) {
-        FMessageBox::Tell(QStringLiteral("File '") + fileName +
-                              QStringLiteral("' is either invalid or you do ") +
-                              QStringLiteral("not have the corresponding Module installed."),
+        FMessageBox::Tell(tr("File '%1' is either invalid or you do not have the corresponding "
+                             "Module installed.")
+                              .arg(fileName),
                           FMessageBox::Icon::Exclamation);
         return false;
     }
     if (offerToSave && !root.PersistMgr().AbandonCurrentGame())
         return false;
 
-    if (!replaceUnder(position, QStringLiteral("Opening '") + fileName + QStringLiteral("'..."),
+    if (!replaceUnder(position, tr("Opening '%1'...").arg(fileName),
+
                       [&root, &path]() -> std::shared_ptr<CGame> {
                           root.SetGame(nullptr);
                           return root.PersistMgr().LoadGameFromFile(path) ? root.Game() : nullptr;

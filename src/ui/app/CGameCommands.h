@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -16,6 +17,8 @@ class CGame;
 // failure leaves no module active and the board empty.
 class CGameCommands
 {
+    Q_DECLARE_TR_FUNCTIONS(CGameCommands)
+
 public:
     // "You currently don't have any Korvane Modules loaded on your system!"
     // when no module is installed; otherwise asks for the module.

@@ -7,6 +7,7 @@
 #include "model/CGame.h"
 #include "persist/CRecoveryMgr.h"
 #include "ui/app/CGameCommands.h"
+#include "ui/app/CTranslators.h"
 #include "ui/app/CWidgetGui.h"
 #include "ui/app/mdiMain.h"
 #include "ui/dialogs/frmSplash.h"
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QFileInfo>
+#include <QLocale>
 
 CProgram::CProgram(QApplication& application) : m_application(application)
 {
@@ -24,6 +26,8 @@ CProgram::CProgram(QApplication& application) : m_application(application)
     QGuiApplication::setDesktopFileName(QStringLiteral("korvane"));
     // The main window's close ends the program; the shut-down follows.
     QApplication::setQuitOnLastWindowClosed(true);
+    // The player's language, before the first window is made.
+    m_translators = std::make_unique<CTranslators>(QLocale::system().uiLanguages());
 }
 
 CProgram::~CProgram()
@@ -34,6 +38,7 @@ CProgram::~CProgram()
         m_recovery->Exit();
     m_recovery.reset();
     MMain::ShutdownApplication();
+    m_translators.reset();
 }
 
 mdiMain* CProgram::Start()

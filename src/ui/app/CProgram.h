@@ -5,6 +5,7 @@
 class QString;
 
 class CRecoveryMgr;
+class CTranslators;
 class QApplication;
 class mdiMain;
 
@@ -37,6 +38,7 @@ public:
 
 private:
     QApplication& m_application;
+    std::unique_ptr<CTranslators> m_translators;
     std::unique_ptr<CRecoveryMgr> m_recovery;
     mdiMain* m_window = nullptr;
 };

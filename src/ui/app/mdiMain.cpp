@@ -163,7 +163,8 @@ void mdiMain::UpdateTitle()
         setWindowTitle(CKorvane::Name());
         return;
     }
-    QString title = game->Name().isEmpty() ? QStringLiteral("Untitled") : game->Name();
+    QString title = game->Name().isEmpty() ? tr("Untitled") : game->Name();
+
     const QString path = game->FilePath();
     if (!path.isEmpty())
         title += QStringLiteral(" - ") + QFileInfo(path).fileName();

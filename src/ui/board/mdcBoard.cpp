@@ -140,8 +140,8 @@ void mdcBoard::NotifyOfMapEdit(const QString&)
 
 QString mdcBoard::emptyHint()
 {
-    return QStringLiteral("No game is open.\n\nStart one with File > New Game (%1)\nor continue "
-                          "one with File > Open Game (%2).")
+    return tr("No game is open.\n\nStart one with File > New Game (%1)\nor continue one with "
+              "File > Open Game (%2).")
         .arg(QKeySequence(QKeySequence::New).toString(QKeySequence::NativeText),
              QKeySequence(QKeySequence::Open).toString(QKeySequence::NativeText));
 }

@@ -21,7 +21,7 @@ QString CFileDialogs::ToQtFilter(const QString& filter)
         patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
         entries << caption + QStringLiteral(" (") + patterns + QLatin1Char(')');
     }
-    entries << QStringLiteral("All Files (*)");
+    entries << tr("All Files (*)");
     return entries.join(QStringLiteral(";;"));
 }
 
@@ -31,7 +31,7 @@ bool CFileDialogs::Display(const QString& filter, const QString& proposedName,
     QString start = startDirectory + proposedName;
     if (!extension.isEmpty())
         start += QLatin1Char('.') + extension;
-    QFileDialog dialog(m_parent, QStringLiteral("Save Game As"), start, ToQtFilter(filter));
+    QFileDialog dialog(m_parent, tr("Save Game As"), start, ToQtFilter(filter));
     dialog.setObjectName(QStringLiteral("dlgSaveFile"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(extension);
@@ -44,7 +44,7 @@ bool CFileDialogs::Display(const QString& filter, const QString& defaultPattern,
                            const QString& startDirectory)
 {
     Q_UNUSED(defaultPattern)
-    QFileDialog dialog(m_parent, QStringLiteral("Open"), startDirectory, ToQtFilter(filter));
+    QFileDialog dialog(m_parent, tr("Open"), startDirectory, ToQtFilter(filter));
     dialog.setObjectName(QStringLiteral("dlgOpenFile"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);

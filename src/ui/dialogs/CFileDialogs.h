@@ -3,6 +3,7 @@
 #include "core/FOpenFileDlg.h"
 #include "core/FSaveFileDlg.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
 class QWidget;
@@ -12,6 +13,8 @@ class QWidget;
 // back split into directory (ending in "/"), name and extension.
 class CFileDialogs : public FSaveFileDlg, public FOpenFileDlg
 {
+    Q_DECLARE_TR_FUNCTIONS(CFileDialogs)
+
 public:
     explicit CFileDialogs(QWidget* parent) : m_parent(parent) {}
 

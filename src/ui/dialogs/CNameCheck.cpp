@@ -8,17 +8,23 @@
 
 #include <QLineEdit>
 
-const QString CNameCheck::BlankMessage = QStringLiteral("Name cannot be blank.");
-const QString CNameCheck::CharactersMessage =
-    QStringLiteral("Name cannot contain any of the following characters:\r\t\\/:*?\"<>|&");
+QString CNameCheck::BlankMessage()
+{
+    return tr("Name cannot be blank.");
+}
+
+QString CNameCheck::CharactersMessage()
+{
+    return tr("Name cannot contain any of the following characters:\r\t\\/:*?\"<>|&");
+}
 
 QString CNameCheck::Refusal(const QString& name, bool checkMaps, const std::shared_ptr<CMap>& self)
 {
     const QString trimmed = name.trimmed();
     if (trimmed.isEmpty())
-        return BlankMessage;
+        return BlankMessage();
     if (!CUtility::ValidName(trimmed))
-        return CharactersMessage;
+        return CharactersMessage();
     if (!checkMaps)
         return QString();
     const std::shared_ptr<CMapGroup> group = CMapState::ActiveGroup();
@@ -26,7 +32,7 @@ QString CNameCheck::Refusal(const QString& name, bool checkMaps, const std::shar
         return QString();
     for (const auto& map : group->Maps()) {
         if (map != self && map->Name() == trimmed)
-            return QStringLiteral("A Map named '") + trimmed + QStringLiteral("' already exists.");
+            return tr("A Map named '%1' already exists.").arg(trimmed);
     }
     return QString();
 }

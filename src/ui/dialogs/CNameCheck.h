@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <memory>
@@ -13,9 +14,11 @@ class QLineEdit;
 // refusal is told in an exclamation box and the name field gets the focus.
 class CNameCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(CNameCheck)
+
 public:
-    static const QString BlankMessage;
-    static const QString CharactersMessage;
+    static QString BlankMessage();
+    static QString CharactersMessage();
 
     // Why the trimmed name is refused, or an empty string when it is
     // accepted. checkMaps adds the duplicate rule; self is the map being

@@ -6,11 +6,11 @@
 #include <QPushButton>
 
 UDialogButtons::UDialogButtons(QDialog* dialog)
-    : QDialogButtonBox(dialog), m_ok(addButton(QStringLiteral("OK"), AcceptRole))
+    : QDialogButtonBox(dialog), m_ok(addButton(tr("OK"), AcceptRole))
 {
     m_ok->setObjectName(QStringLiteral("cmdOk"));
     m_ok->setDefault(true);
-    QPushButton* cancel = addButton(QStringLiteral("Cancel"), RejectRole);
+    QPushButton* cancel = addButton(tr("Cancel"), RejectRole);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(this, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
     connect(this, &QDialogButtonBox::rejected, dialog, &QDialog::reject);

@@ -12,13 +12,13 @@ frmEditNumUnit::frmEditNumUnit(QWidget* parent)
     : QDialog(parent), m_badge(new UUnitBadge(this)), m_cboNewValue(new QComboBox(this))
 {
     setObjectName(QStringLiteral("frmEditNumUnit"));
-    setWindowTitle(QStringLiteral("Edit Value"));
+    setWindowTitle(tr("Edit Value"));
     m_cboNewValue->setObjectName(QStringLiteral("cboNewValue"));
     // Long lists scroll instead of covering the screen.
     m_cboNewValue->setMaxVisibleItems(15);
     m_cboNewValue->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("&New value:"), m_cboNewValue);
+    form->addRow(tr("&New value:"), m_cboNewValue);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_badge);

@@ -9,21 +9,24 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
-const QString frmEditTextUnit::BlankMessage = QStringLiteral("Text cannot be blank.");
+QString frmEditTextUnit::BlankMessage()
+{
+    return tr("Text cannot be blank.");
+}
 
 frmEditTextUnit::frmEditTextUnit(QWidget* parent)
     : QDialog(parent), m_txtText(new QLineEdit(this)), m_txtExtended(new QPlainTextEdit(this))
 {
     setObjectName(QStringLiteral("frmEditTextUnit"));
-    setWindowTitle(QStringLiteral("Edit Text"));
+    setWindowTitle(tr("Edit Text"));
     m_txtText->setObjectName(QStringLiteral("txtText"));
     m_txtText->setMinimumWidth(fontMetrics().averageCharWidth() * 36);
     m_txtExtended->setObjectName(QStringLiteral("txtExtended"));
     m_txtExtended->setTabChangesFocus(true);
     m_txtExtended->setMinimumHeight(fontMetrics().height() * 5);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("&Text:"), m_txtText);
-    form->addRow(QStringLiteral("&Details:"), m_txtExtended);
+    form->addRow(tr("&Text:"), m_txtText);
+    form->addRow(tr("&Details:"), m_txtExtended);
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form, 1);
@@ -48,7 +51,7 @@ bool frmEditTextUnit::Display(const std::shared_ptr<CUnit>& unit)
 void frmEditTextUnit::accept()
 {
     if (m_txtText->text().trimmed().isEmpty()) {
-        CNameCheck::Tell(BlankMessage);
+        CNameCheck::Tell(BlankMessage());
         m_txtText->setFocus(Qt::OtherFocusReason);
         return;
     }

@@ -14,7 +14,7 @@ class frmEditTextUnit : public QDialog, public FEditUnitTextDlg
     Q_OBJECT
 
 public:
-    static const QString BlankMessage;
+    static QString BlankMessage();
 
     explicit frmEditTextUnit(QWidget* parent = nullptr);
 

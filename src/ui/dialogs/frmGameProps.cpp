@@ -3,7 +3,7 @@
 #include "ui/dialogs/CNameCheck.h"
 
 frmGameProps::frmGameProps(QWidget* parent)
-    : frmNameDialog(QStringLiteral("frmGameProps"), QStringLiteral("Game Properties"), parent)
+    : frmNameDialog(QStringLiteral("frmGameProps"), tr("Game Properties"), parent)
 {}
 
 bool frmGameProps::Display(const QString& name, const QString& remarks)

@@ -7,8 +7,8 @@
 #include <QFormLayout>
 
 frmMapProps::frmMapProps(QWidget* parent)
-    : frmNameDialog(QStringLiteral("frmMapProps"), QStringLiteral("Map Properties"), parent),
-      m_chkProtected(new QCheckBox(QStringLiteral("&Protected (no changes to this map)"), this))
+    : frmNameDialog(QStringLiteral("frmMapProps"), tr("Map Properties"), parent),
+      m_chkProtected(new QCheckBox(tr("&Protected (no changes to this map)"), this))
 {
     m_chkProtected->setObjectName(QStringLiteral("chkProtected"));
     Form()->addRow(QString(), m_chkProtected);

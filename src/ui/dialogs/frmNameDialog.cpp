@@ -21,8 +21,8 @@ frmNameDialog::frmNameDialog(const QString& objectName, const QString& title, QW
     m_txtRemarks->setMinimumHeight(line * 4);
     m_txtName->setMinimumWidth(fontMetrics().averageCharWidth() * 36);
 
-    m_form->addRow(QStringLiteral("&Name:"), m_txtName);
-    m_form->addRow(QStringLiteral("&Remarks:"), m_txtRemarks);
+    m_form->addRow(tr("&Name:"), m_txtName);
+    m_form->addRow(tr("&Remarks:"), m_txtRemarks);
 
     auto* buttons = new UDialogButtons(this);
     buttons->AcceptOnEnter(m_txtRemarks);

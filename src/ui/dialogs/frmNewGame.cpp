@@ -22,13 +22,13 @@ constexpr int IconSide = 48;
 frmNewGame::frmNewGame(QWidget* parent) : QDialog(parent), m_lvwGameTypes(new QListWidget(this))
 {
     setObjectName(QStringLiteral("frmNewGame"));
-    setWindowTitle(QStringLiteral("New Game"));
+    setWindowTitle(tr("New Game"));
     m_lvwGameTypes->setObjectName(QStringLiteral("lvwGameTypes"));
     m_lvwGameTypes->setIconSize(QSize(IconSide, IconSide));
     m_lvwGameTypes->setSpacing(2);
     m_lvwGameTypes->setMinimumSize(fontMetrics().averageCharWidth() * 44,
                                    (std::max(IconSide, fontMetrics().height()) + 8) * 4);
-    auto* label = new QLabel(QStringLiteral("&Game:"), this);
+    auto* label = new QLabel(tr("&Game:"), this);
     label->setBuddy(m_lvwGameTypes);
     auto* buttons = new UDialogButtons(this);
     m_ok = buttons->Ok();

@@ -3,7 +3,7 @@
 #include "ui/dialogs/CNameCheck.h"
 
 frmNewMap::frmNewMap(QWidget* parent)
-    : frmNameDialog(QStringLiteral("frmNewMap"), QStringLiteral("Add Map"), parent)
+    : frmNameDialog(QStringLiteral("frmNewMap"), tr("Add Map"), parent)
 {}
 
 bool frmNewMap::Display(const QString& proposedName)

@@ -4,11 +4,14 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-const QString frmProgress::InitialText = QStringLiteral("Please Wait...");
+QString frmProgress::InitialText()
+{
+    return tr("Please Wait...");
+}
 
 frmProgress::frmProgress(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
-      m_lblStatus(new QLabel(InitialText, this))
+      m_lblStatus(new QLabel(InitialText(), this))
 {
     setObjectName(QStringLiteral("frmProgress"));
     setWindowTitle(QStringLiteral("Korvane"));
@@ -24,7 +27,7 @@ frmProgress::frmProgress(QWidget* parent)
 
 void frmProgress::Load()
 {
-    m_lblStatus->setText(InitialText);
+    m_lblStatus->setText(InitialText());
 }
 
 void frmProgress::Show()
@@ -37,7 +40,7 @@ void frmProgress::Show()
 void frmProgress::Unload()
 {
     hide();
-    m_lblStatus->setText(InitialText);
+    m_lblStatus->setText(InitialText());
 }
 
 void frmProgress::UpdateStatus(const QString& text, float)

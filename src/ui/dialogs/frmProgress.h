@@ -14,7 +14,7 @@ class frmProgress : public QDialog, public FProgressWin
     Q_OBJECT
 
 public:
-    static const QString InitialText;
+    static QString InitialText();
 
     explicit frmProgress(QWidget* parent = nullptr);
 

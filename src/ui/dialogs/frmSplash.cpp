@@ -13,15 +13,18 @@
 #include <libxml/parser.h>
 #include <zlib.h>
 
-const QString frmSplash::LicenceText = QStringLiteral(
-    "Korvane is free software: you can redistribute it and/or modify it under the terms of "
-    "the GNU General Public License as published by the Free Software Foundation, either "
-    "version 3 of the License, or (at your option) any later version.\n\n"
-    "Korvane is distributed in the hope that it will be useful, but WITHOUT ANY WARRANTY; "
-    "without even the implied warranty of MERCHANTABILITY or FITNESS FOR A PARTICULAR "
-    "PURPOSE. See the GNU General Public License for more details.\n\n"
-    "Qt is used under the GNU Lesser General Public License version 3, zlib under the zlib "
-    "licence and libxml2 under the MIT licence.");
+QString frmSplash::LicenceText()
+{
+    return tr(
+        "Korvane is free software: you can redistribute it and/or modify it under the terms of "
+        "the GNU General Public License as published by the Free Software Foundation, either "
+        "version 3 of the License, or (at your option) any later version.\n\n"
+        "Korvane is distributed in the hope that it will be useful, but WITHOUT ANY WARRANTY; "
+        "without even the implied warranty of MERCHANTABILITY or FITNESS FOR A PARTICULAR "
+        "PURPOSE. See the GNU General Public License for more details.\n\n"
+        "Qt is used under the GNU Lesser General Public License version 3, zlib under the zlib "
+        "licence and libxml2 under the MIT licence.");
+}
 
 namespace {
 
@@ -38,18 +41,16 @@ frmSplash::frmSplash()
     : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), m_lblStatus(new QLabel(this))
 {
     setObjectName(QStringLiteral("frmSplash"));
-    setWindowTitle(QStringLiteral("About Korvane"));
+    setWindowTitle(tr("About Korvane"));
     auto* title = new QLabel(CKorvane::Name(), this);
     title->setObjectName(QStringLiteral("lblTitle"));
     QFont big = title->font();
     big.setPointSizeF(big.pointSizeF() * 2.4);
     big.setBold(true);
     title->setFont(big);
-    auto* version =
-        new QLabel(QStringLiteral("Version ") + QStringLiteral(KORVANE_VERSION_STRING), this);
+    auto* version = new QLabel(tr("Version %1").arg(QStringLiteral(KORVANE_VERSION_STRING)), this);
     version->setObjectName(QStringLiteral("lblVersion"));
-    auto* purpose =
-        new QLabel(QStringLiteral("Maps and counters for board games played by mail"), this);
+    auto* purpose = new QLabel(tr("Maps and counters for board games played by mail"), this);
     m_lblStatus->setObjectName(QStringLiteral("lblStatus"));
     m_lblStatus->setTextFormat(Qt::PlainText);
     m_lblStatus->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
@@ -68,14 +69,12 @@ void frmSplash::buildAboutPart()
 {
     m_aboutPart = new QWidget(this);
     m_txtLicence = new QPlainTextEdit(m_aboutPart);
-    auto* libraries =
-        new QLabel(QStringLiteral("Built with ") + LibraryVersions().join(QStringLiteral(", ")) +
-                       QLatin1Char('.'),
-                   m_aboutPart);
+    auto* libraries = new QLabel(
+        tr("Built with %1.").arg(LibraryVersions().join(QStringLiteral(", "))), m_aboutPart);
     libraries->setObjectName(QStringLiteral("lblLibraries"));
     libraries->setWordWrap(true);
     m_txtLicence->setObjectName(QStringLiteral("txtLicence"));
-    m_txtLicence->setPlainText(LicenceText);
+    m_txtLicence->setPlainText(LicenceText());
     m_txtLicence->setReadOnly(true);
     m_txtLicence->setMinimumHeight(fontMetrics().height() * 8);
     auto* aboutLayout = new QVBoxLayout(m_aboutPart);

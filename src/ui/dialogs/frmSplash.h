@@ -28,7 +28,7 @@ public:
 
     // "Qt 6.4.2", "zlib 1.2.13", "libxml2 2.9.14": the versions in use.
     static QStringList LibraryVersions();
-    static const QString LicenceText;
+    static QString LicenceText();
 
 protected:
     // A frameless splash still needs an edge against what lies behind it.

@@ -15,7 +15,7 @@ frmSplitUnit::frmSplitUnit(QWidget* parent)
       m_txtOldValue(new QLineEdit(this))
 {
     setObjectName(QStringLiteral("frmSplitUnit"));
-    setWindowTitle(QStringLiteral("Split Stack"));
+    setWindowTitle(tr("Split Stack"));
     m_cboSplitAmt->setObjectName(QStringLiteral("cboSplitAmt"));
     m_cboSplitAmt->setMaxVisibleItems(15);
     m_cboSplitAmt->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
@@ -23,8 +23,8 @@ frmSplitUnit::frmSplitUnit(QWidget* parent)
     m_txtOldValue->setReadOnly(true);
     m_txtOldValue->setFocusPolicy(Qt::NoFocus);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Stack count:"), m_txtOldValue);
-    form->addRow(QStringLiteral("&Split off:"), m_cboSplitAmt);
+    form->addRow(tr("Stack count:"), m_txtOldValue);
+    form->addRow(tr("&Split off:"), m_cboSplitAmt);
 
     auto* buttons = new UDialogButtons(this);
     m_ok = buttons->Ok();

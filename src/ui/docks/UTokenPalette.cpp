@@ -46,7 +46,7 @@ private:
 } // namespace
 
 UTokenPalette::UTokenPalette(QWidget* parent)
-    : QDockWidget(QStringLiteral("Counters"), parent), m_pages(new QToolBox(this))
+    : QDockWidget(tr("Counters"), parent), m_pages(new QToolBox(this))
 {
     setObjectName(QStringLiteral("palTokens"));
     m_pages->setObjectName(QStringLiteral("palTokensPages"));
@@ -80,7 +80,7 @@ void UTokenPalette::Rebuild()
             list->setObjectName(QStringLiteral("palTokens_") + category);
             list->setIconSize(iconSize);
             list->setGridSize(QSize(std::max(iconSize.width() + 24, 72), iconSize.height() + 36));
-            m_pages->addItem(list, category);
+            m_pages->addItem(list, token->Category().isEmpty() ? tr("Counters") : category);
         }
         auto* item = new QListWidgetItem(list);
         item->setText(token->Caption());

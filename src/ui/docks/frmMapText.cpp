@@ -22,8 +22,7 @@ const QString section = QLatin1String(frmMapText::SettingsSection);
 } // namespace
 
 frmMapText::frmMapText(QWidget* parent)
-    : QDockWidget(QStringLiteral("Map Text"), parent), m_text(new QPlainTextEdit(this)),
-      m_mainWindow(parent)
+    : QDockWidget(tr("Map Text"), parent), m_text(new QPlainTextEdit(this)), m_mainWindow(parent)
 {
     setObjectName(QStringLiteral("frmMapText"));
     m_text->setObjectName(QStringLiteral("txtMapText"));

@@ -8,12 +8,12 @@
 #include <QMenu>
 
 CActionMenu::CActionMenu(QMenu* menu)
-    : CMenuHandler(menu, QStringLiteral("mnuAction"), QStringLiteral("&Action"))
+    : CMenuHandler(menu, QStringLiteral("mnuAction"), tr("&Action"))
 {
-    m_undo = AddItem(QStringLiteral("mnuActionUndo"), QStringLiteral("Can't Undo"),
+    m_undo = AddItem(QStringLiteral("mnuActionUndo"), tr("Can't Undo"),
                      [] { Root().ActionMgr().Undo(); });
     m_undo->setShortcut(QKeySequence::Undo);
-    m_redo = AddItem(QStringLiteral("mnuActionRedo"), QStringLiteral("Can't Redo"),
+    m_redo = AddItem(QStringLiteral("mnuActionRedo"), tr("Can't Redo"),
                      [] { Root().ActionMgr().Redo(); });
     m_redo->setShortcuts(
         {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
@@ -27,10 +27,10 @@ void CActionMenu::Refresh()
     const CActionMgr& manager = Root().ActionMgr();
     const auto undo = manager.NextUndoAction();
     const auto redo = manager.NextRedoAction();
-    SetCaption(m_undo,
-               undo ? QStringLiteral("&Undo ") + undo->Caption() : QStringLiteral("Can't Undo"));
-    SetCaption(m_redo,
-               redo ? QStringLiteral("&Redo ") + redo->Caption() : QStringLiteral("Can't Redo"));
+    SetCaption(m_undo, undo ? tr("&Undo %1").arg(undo->Caption()) : tr("Can't Undo"),
+               undo != nullptr);
+    SetCaption(m_redo, redo ? tr("&Redo %1").arg(redo->Caption()) : tr("Can't Redo"),
+               redo != nullptr);
     // Custom actions change the map, which a frozen group or map refuses.
     EnableModuleItems(m_custom);
 }

@@ -26,38 +26,37 @@
 #include <QPrinter>
 
 CFileMenu::CFileMenu(QMenu* menu, mdcBoard* board, QWidget* window, CReviewWindows* review)
-    : CMenuHandler(menu, QStringLiteral("mnuFile"), QStringLiteral("&File")), m_board(board),
-      m_window(window), m_review(review)
+    : CMenuHandler(menu, QStringLiteral("mnuFile"), tr("&File")), m_board(board), m_window(window),
+      m_review(review)
 {
-    AddItem(QStringLiteral("mnuFileNewGame"), QStringLiteral("&New Game"), [] {
+    AddItem(QStringLiteral("mnuFileNewGame"), tr("&New Game"), [] {
         CGameCommands::NewGame();
     })->setShortcut(QKeySequence::New);
-    AddItem(QStringLiteral("mnuFileOpenGame"), QStringLiteral("&Open Game..."), [] {
+    AddItem(QStringLiteral("mnuFileOpenGame"), tr("&Open Game..."), [] {
         CGameCommands::OpenGame();
     })->setShortcut(QKeySequence::Open);
-    m_recent = menu->addMenu(QStringLiteral("Open &Recent"));
+    m_recent = menu->addMenu(tr("Open &Recent"));
     m_recent->setObjectName(QStringLiteral("mnuFileRecent"));
     AddSeparator(QStringLiteral("mnuFileBar1"));
-    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), QStringLiteral("&Save Game"),
+    m_save = AddItem(QStringLiteral("mnuFileSaveGame"), tr("&Save Game"),
                      [] { Root().PersistMgr().SaveCurrentGame(); });
     m_save->setShortcut(QKeySequence::Save);
-    m_saveAs = AddItem(QStringLiteral("mnuFileSaveGameAs"), QStringLiteral("Save Game &As..."),
+    m_saveAs = AddItem(QStringLiteral("mnuFileSaveGameAs"), tr("Save Game &As..."),
                        [] { Root().PersistMgr().SaveCurrentGameAs(); });
     m_saveAs->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     AddSeparator(QStringLiteral("mnuFileBar4"));
-    m_export = AddItem(QStringLiteral("mnuFileExport"), QStringLiteral("&Export Map Picture..."),
+    m_export = AddItem(QStringLiteral("mnuFileExport"), tr("&Export Map Picture..."),
                        [this] { ExportPicture(); });
     m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
-    m_send = AddItem(QStringLiteral("mnuFileSend"), QStringLiteral("Sen&d to Opponent..."),
+    m_send = AddItem(QStringLiteral("mnuFileSend"), tr("Sen&d to Opponent..."),
                      [this] { SendToOpponent(); });
     m_compareFile = AddItem(QStringLiteral("mnuFileCompareWithFile"), tr("Compare With &File..."),
                             [this] { m_review->CompareWithFile(); });
     AddSeparator(QStringLiteral("mnuFileBar2"));
-    m_print =
-        AddItem(QStringLiteral("mnuFilePrint"), QStringLiteral("Print..."), [this] { Print(); });
+    m_print = AddItem(QStringLiteral("mnuFilePrint"), tr("Print..."), [this] { Print(); });
     m_print->setShortcut(QKeySequence::Print);
     AddSeparator(QStringLiteral("mnuFileBar3"));
-    AddItem(QStringLiteral("mnuFileExit"), QStringLiteral("E&xit"), [this] {
+    AddItem(QStringLiteral("mnuFileExit"), tr("E&xit"), [this] {
         m_window->close();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     fillRecent();
@@ -94,9 +93,9 @@ void CFileMenu::openRecent(const QString& path)
     if (!QFileInfo::exists(path)) {
         CRecentFiles::Remove(path);
         fillRecent();
-        FMessageBox::Tell(QStringLiteral("File '") + path +
-                              QStringLiteral("' no longer exists. It has been removed "
-                                             "from the list of recent games."),
+        FMessageBox::Tell(tr("File '%1' no longer exists. It has been removed from the list of "
+                             "recent games.")
+                              .arg(path),
                           FMessageBox::Icon::Exclamation);
         return;
     }
@@ -137,8 +136,7 @@ void CFileMenu::ExportPicture()
     if (messages && qAbs(zoom - 1.0) > 0.001) {
         const auto answer = messages->Question(
             CKorvane::Name(),
-            QStringLiteral("Export the picture at the current zoom (%1 %)?\n\nNo exports it at "
-                           "100 %.")
+            tr("Export the picture at the current zoom (%1 %)?\n\nNo exports it at 100 %.")
                 .arg(qRound(zoom * 100)),
             FMessageBox::Buttons::YesNoCancel, FMessageBox::Icon::Question,
             FMessageBox::Answer::Yes);
@@ -147,8 +145,8 @@ void CFileMenu::ExportPicture()
         if (answer == FMessageBox::Answer::Yes)
             scale = zoom;
     }
-    if (!dialog->Display(QStringLiteral("PNG Pictures (*.png)|*.png"), map->Name(),
-                         QStringLiteral("png"), CPersistMgr::StartDirectory()))
+    if (!dialog->Display(tr("PNG Pictures (*.png)|*.png"), map->Name(), QStringLiteral("png"),
+                         CPersistMgr::StartDirectory()))
         return;
     CPersistMgr::RememberDirectory(dialog->SelDir());
     const QString path =
@@ -159,12 +157,12 @@ void CFileMenu::ExportPicture()
     const CBoardReview* review = m_review->Board();
     if (review->Shown()) {
         if (!review->Picture(scale).save(path, "PNG"))
-            FMessageBox::Tell(QStringLiteral("The picture could not be saved."),
+            FMessageBox::Tell(tr("The picture could not be saved."),
                               FMessageBox::Icon::Exclamation);
         return;
     }
     if (!CMapExport::ToPng(map, Root().Context(), scale, path, error))
-        FMessageBox::Tell(QStringLiteral("The picture could not be saved.\n\n") + error,
+        FMessageBox::Tell(tr("The picture could not be saved.\n\n%1").arg(error),
                           FMessageBox::Icon::Exclamation);
 }
 
@@ -184,16 +182,14 @@ void CFileMenu::SendToOpponent()
     CMailSender().Send(
         path, CMailSender::Subject(*game), this, [path](CMailSender::Outcome outcome) {
             if (outcome == CMailSender::Outcome::FolderShown)
-                FMessageBox::Tell(
-                    QStringLiteral("No mail program could be started. The folder that holds '") +
-                        QFileInfo(path).fileName() +
-                        QStringLiteral("' has been opened, so you can attach the game yourself."),
-                    FMessageBox::Icon::Information);
+                FMessageBox::Tell(tr("No mail program could be started. The folder that holds "
+                                     "'%1' has been opened, so you can attach the game yourself.")
+                                      .arg(QFileInfo(path).fileName()),
+                                  FMessageBox::Icon::Information);
             else if (outcome == CMailSender::Outcome::Failed)
-                FMessageBox::Tell(
-                    QStringLiteral("No mail program could be started. Attach the game "
-                                   "file yourself:\n\n") +
-                        QDir::toNativeSeparators(path),
-                    FMessageBox::Icon::Exclamation);
+                FMessageBox::Tell(tr("No mail program could be started. Attach the game file "
+                                     "yourself:\n\n%1")
+                                      .arg(QDir::toNativeSeparators(path)),
+                                  FMessageBox::Icon::Exclamation);
         });
 }

@@ -20,19 +20,17 @@
 #include <QAction>
 #include <QMenu>
 
-CGameMenu::CGameMenu(QMenu* menu)
-    : CMenuHandler(menu, QStringLiteral("mnuGame"), QStringLiteral("&Game"))
+CGameMenu::CGameMenu(QMenu* menu) : CMenuHandler(menu, QStringLiteral("mnuGame"), tr("&Game"))
 {
-    m_props = AddItem(QStringLiteral("mnuGameProps"), QStringLiteral("Game &Properties..."),
+    m_props = AddItem(QStringLiteral("mnuGameProps"), tr("Game &Properties..."),
                       [this] { gameProperties(); });
     AddSeparator(QStringLiteral("mnuGameBar1"));
-    m_add = AddItem(QStringLiteral("mnuGameAddMap"), QStringLiteral("Can't Add Map"),
-                    [this] { addMap(); });
+    m_add = AddItem(QStringLiteral("mnuGameAddMap"), tr("Can't Add Map"), [this] { addMap(); });
     m_add->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
-    m_remove = AddItem(QStringLiteral("mnuGameRemoveMap"), QStringLiteral("Can't Remove Map"),
+    m_remove = AddItem(QStringLiteral("mnuGameRemoveMap"), tr("Can't Remove Map"),
                        [this] { removeMap(); });
     AddSeparator(QStringLiteral("mnuGameBar2"));
-    m_mapProps = AddItem(QStringLiteral("mnuGameMapProps"), QStringLiteral("&Map Properties..."),
+    m_mapProps = AddItem(QStringLiteral("mnuGameMapProps"), tr("&Map Properties..."),
                          [this] { mapProperties(); });
     Refresh();
 }
@@ -58,11 +56,13 @@ void CGameMenu::Refresh()
     // can still be opened again here.
     const auto group = CMapState::ActiveGroup();
     m_mapProps->setEnabled(group && !group->Frozen() && group->ActiveMap());
-    SetCaption(m_add,
-               CanAddMap() ? QStringLiteral("&Add Map...") : QStringLiteral("Can't Add Map"));
-    SetCaption(m_remove, CanRemoveMap() ? QStringLiteral("&Remove '") +
-                                              CMapState::ActiveMap()->Name() + QLatin1Char('\'')
-                                        : QStringLiteral("Can't Remove Map"));
+    const bool canAdd = CanAddMap();
+    SetCaption(m_add, canAdd ? tr("&Add Map...") : tr("Can't Add Map"), canAdd);
+    const bool canRemove = CanRemoveMap();
+    SetCaption(m_remove,
+               canRemove ? tr("&Remove '%1'").arg(CMapState::ActiveMap()->Name())
+                         : tr("Can't Remove Map"),
+               canRemove);
 }
 
 void CGameMenu::gameProperties()
@@ -85,8 +85,7 @@ void CGameMenu::addMap()
         return;
     FNewMapDlg* dialog = Root().Gui() ? Root().Gui()->NewMapDlg() : nullptr;
     const auto group = CMapState::ActiveGroup();
-    const QString proposed =
-        QStringLiteral("Turn ") + QString::number(Root().Game()->GetMapCount() + 1);
+    const QString proposed = tr("Turn %1").arg(Root().Game()->GetMapCount() + 1);
     if (!dialog || !dialog->Display(proposed))
         return;
     const auto execute = [dialog](auto action) {
@@ -109,8 +108,8 @@ void CGameMenu::removeMap()
     const auto group = CMapState::ActiveGroup();
     const std::shared_ptr<CMap> map = group->ActiveMap();
     FMessageBox* messages = Root().Gui() ? Root().Gui()->Messages() : nullptr;
-    const QString question = QStringLiteral("Removal of '") + map->Name() +
-                             QStringLiteral("' cannot be undone.\n\nDo you want to continue ?");
+    const QString question =
+        tr("Removal of '%1' cannot be undone.\n\nDo you want to continue ?").arg(map->Name());
     if (!messages || messages->Question(CKorvane::Name(), question, FMessageBox::Buttons::YesNo,
                                         FMessageBox::Icon::Question,
                                         FMessageBox::Answer::No) != FMessageBox::Answer::Yes)

@@ -76,10 +76,10 @@ void CMenuHandler::EnableModuleItems(std::span<QAction* const> items)
         item->setEnabled(ModuleCommandsUsable());
 }
 
-void CMenuHandler::SetCaption(QAction* item, const QString& caption)
+void CMenuHandler::SetCaption(QAction* item, const QString& caption, bool enabled)
 {
     item->setText(caption);
-    item->setEnabled(!caption.startsWith(QLatin1String("Can't")));
+    item->setEnabled(enabled);
 }
 
 bool CMenuHandler::ModuleCommandsUsable()

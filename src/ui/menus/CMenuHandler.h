@@ -99,8 +99,8 @@ protected:
     // Whether a command of the module may run: a game is open and its shown
     // map may be changed.
     static bool ModuleCommandsUsable();
-    // Sets a caption; an item whose caption starts "Can't" is disabled.
-    static void SetCaption(QAction* item, const QString& caption);
+    // Sets an item's caption and whether it can be chosen.
+    static void SetCaption(QAction* item, const QString& caption, bool enabled);
 
 private:
     void refreshSoon();

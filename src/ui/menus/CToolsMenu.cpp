@@ -12,11 +12,10 @@
 #include <QAction>
 #include <QMenu>
 
-CToolsMenu::CToolsMenu(QMenu* menu)
-    : CMenuHandler(menu, QStringLiteral("mnuTools"), QStringLiteral("&Tools"))
+CToolsMenu::CToolsMenu(QMenu* menu) : CMenuHandler(menu, QStringLiteral("mnuTools"), tr("&Tools"))
 {
     AddSeparator(QStringLiteral("mnuToolsBar1"));
-    AddItem(QStringLiteral("mnuToolsInstallModule"), QStringLiteral("&Install Module..."),
+    AddItem(QStringLiteral("mnuToolsInstallModule"), tr("&Install Module..."),
             [this] { installModule(); });
     AddSeparator(QStringLiteral("mnuToolsBar2"));
     AddModuleItems(m_custom, QStringLiteral("mnuToolsCustom"), [](int i) { runCustom(i); });

@@ -6,30 +6,27 @@
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
+#include "ui/app/CReviewWindows.h"
+#include "ui/board/CBoardReview.h"
 #include "ui/board/CMapState.h"
 #include "ui/board/mdcBoard.h"
 #include "ui/docks/frmMapText.h"
-#include "ui/app/CReviewWindows.h"
-#include "ui/board/CBoardReview.h"
 
 #include <QAction>
 #include <QMenu>
 
-CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText,
-                     CReviewWindows* review)
-    : CMenuHandler(menu, QStringLiteral("mnuView"), QStringLiteral("&View")), m_board(board),
+CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText, CReviewWindows* review)
+    : CMenuHandler(menu, QStringLiteral("mnuView"), tr("&View")), m_board(board),
       m_mapText(mapText), m_review(review)
 {
-    AddItem(QStringLiteral("mnuViewMapText"), QStringLiteral("&Map Text"),
-            [this] { m_mapText->Show(); });
+    AddItem(QStringLiteral("mnuViewMapText"), tr("&Map Text"), [this] { m_mapText->Show(); });
     AddSeparator(QStringLiteral("mnuViewBar1"));
-    m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), QStringLiteral("&Full Screen..."),
+    m_fullScreen = AddItem(QStringLiteral("mnuViewFullScreen"), tr("&Full Screen..."),
                            [this] { fullScreen(); });
     m_fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
     AddSeparator(QStringLiteral("mnuViewBar2"));
-    m_showChanges = AddItem(QStringLiteral("mnuViewShowChanges"), tr("Show &Changes"), [this] {
-        m_review->ShowChanges(m_showChanges->isChecked());
-    });
+    m_showChanges = AddItem(QStringLiteral("mnuViewShowChanges"), tr("Show &Changes"),
+                            [this] { m_review->ShowChanges(m_showChanges->isChecked()); });
     m_showChanges->setCheckable(true);
     m_showChanges->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
     m_compareWith = AddItem(QStringLiteral("mnuViewCompareWith"), tr("Compare &With..."),
@@ -39,9 +36,9 @@ CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText,
     m_replay->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
     AddSeparator(QStringLiteral("mnuViewBarReview"));
 
-    m_archives = menu->addMenu(QStringLiteral("Archi&ve"));
+    m_archives = menu->addMenu(tr("Archi&ve"));
     m_archives->setObjectName(QStringLiteral("mnuViewArchives"));
-    m_current = m_archives->addAction(QStringLiteral("&Current"));
+    m_current = m_archives->addAction(tr("&Current"));
     m_current->setObjectName(QStringLiteral("mnuViewArchCurrent"));
     connect(m_current, &QAction::triggered, this, [this] { switchToGroup(-1); });
     m_archives->addSeparator()->setObjectName(QStringLiteral("mnuViewArchBar1"));
@@ -55,29 +52,28 @@ CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText,
     connect(m_archives, &QMenu::aboutToShow, this, [this] { Refresh(); });
 
     AddSeparator(QStringLiteral("mnuViewBar3"));
-    AddItem(QStringLiteral("mnuViewZoomIn"), QStringLiteral("Zoom &In"), [this] {
+    AddItem(QStringLiteral("mnuViewZoomIn"), tr("Zoom &In"), [this] {
         m_board->ZoomIn();
     })->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    AddItem(QStringLiteral("mnuViewZoomOut"), QStringLiteral("Zoom &Out"), [this] {
+    AddItem(QStringLiteral("mnuViewZoomOut"), tr("Zoom &Out"), [this] {
         m_board->ZoomOut();
     })->setShortcut(QKeySequence::ZoomOut);
-    AddItem(QStringLiteral("mnuViewZoomReset"), QStringLiteral("&Actual Size"), [this] {
+    AddItem(QStringLiteral("mnuViewZoomReset"), tr("&Actual Size"), [this] {
         m_board->ZoomReset();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
-    AddItem(QStringLiteral("mnuViewZoomFit"), QStringLiteral("Fit to &Window"),
-            [this] { m_board->ZoomFit(); });
+    AddItem(QStringLiteral("mnuViewZoomFit"), tr("Fit to &Window"), [this] { m_board->ZoomFit(); });
 
     AddSeparator(QStringLiteral("mnuViewBar4"));
-    AddItem(QStringLiteral("mnuViewPreviousMap"), QStringLiteral("&Previous Map"), [this] {
+    AddItem(QStringLiteral("mnuViewPreviousMap"), tr("&Previous Map"), [this] {
         stepMap(-1);
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
-    AddItem(QStringLiteral("mnuViewNextMap"), QStringLiteral("&Next Map"), [this] {
+    AddItem(QStringLiteral("mnuViewNextMap"), tr("&Next Map"), [this] {
         stepMap(1);
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
-    AddItem(QStringLiteral("mnuViewFirstMap"), QStringLiteral("F&irst Map"), [] {
+    AddItem(QStringLiteral("mnuViewFirstMap"), tr("F&irst Map"), [] {
         CMapState::SwitchToMapAt(1);
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Home));
-    AddItem(QStringLiteral("mnuViewLastMap"), QStringLiteral("&Last Map"), [] {
+    AddItem(QStringLiteral("mnuViewLastMap"), tr("&Last Map"), [] {
         if (const auto group = CMapState::ActiveGroup())
             CMapState::SwitchToMapAt(group->Maps().Count());
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_End));
@@ -87,11 +83,9 @@ CViewMenu::CViewMenu(QMenu* menu, mdcBoard* board, frmMapText* mapText,
 QString CViewMenu::ArchiveCaption(int number, const QString& firstMap, const QString& lastMap,
                                   int mapCount)
 {
-    QString caption = QStringLiteral("&") + QString::number(number) + QStringLiteral(".  '") +
-                      firstMap + QStringLiteral("'");
     if (mapCount > 1)
-        caption += QStringLiteral("  to  '") + lastMap + QStringLiteral("'");
-    return caption;
+        return tr("&%1.  '%2'  to  '%3'").arg(number).arg(firstMap, lastMap);
+    return tr("&%1.  '%2'").arg(number).arg(firstMap);
 }
 
 void CViewMenu::Refresh()
