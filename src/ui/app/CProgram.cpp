@@ -6,6 +6,7 @@
 #include "core/MMain.h"
 #include "model/CGame.h"
 #include "persist/CRecoveryMgr.h"
+#include "ui/app/CFocusReturn.h"
 #include "ui/app/CGameCommands.h"
 #include "ui/app/CTranslators.h"
 #include "ui/app/CWidgetGui.h"
@@ -28,6 +29,7 @@ CProgram::CProgram(QApplication& application) : m_application(application)
     QApplication::setQuitOnLastWindowClosed(true);
     // The player's language, before the first window is made.
     m_translators = std::make_unique<CTranslators>(QLocale::system().uiLanguages());
+    new CFocusReturn(&m_application);
 }
 
 CProgram::~CProgram()
