@@ -66,10 +66,9 @@ QString CFileCheck::CompareWithRecent(CGameComparison& result)
         return QString();
     const QString own = QFileInfo(open->FilePath()).absoluteFilePath();
     for (const QString& path : CRecentFiles::List()) {
-        if (QFileInfo(path).absoluteFilePath() == own || !QFileInfo::exists(path))
-            continue;
+        // A file that is gone fails to open and is passed over like any other.
         QString ignored;
-        if (Compare(path, result, &ignored))
+        if (QFileInfo(path).absoluteFilePath() != own && Compare(path, result, &ignored))
             return path;
     }
     return QString();
