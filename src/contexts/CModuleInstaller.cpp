@@ -50,7 +50,6 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
                              tr("%1 cannot be installed: the folder %2 does not exist. Nothing "
                                 "has been installed.")
                                  .arg(fileName, QDir::toNativeSeparators(directory)),
-
                              FMessageBox::Icon::Exclamation);
         return Result::MissingDirectory;
     }
@@ -99,7 +98,6 @@ CModuleInstaller::Result CModuleInstaller::Install(const QString& path, FMessage
     Root().ExecuteOnShutdown(std::make_shared<CInstallModTask>(cached, destination));
     messages.Information(CKorvane::Name(),
                          tr("You must restart Korvane for these settings to take effect."),
-
                          FMessageBox::Icon::Exclamation);
     return Result::Installed;
 }

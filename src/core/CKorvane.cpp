@@ -119,7 +119,6 @@ void CKorvane::Constructor(IProgressMonitor* progress)
     if (m_guiFactory)
         m_gui = m_guiFactory();
     report(progress, QCoreApplication::translate("CKorvane", "Finished..."));
-
     report(progress, QString());
 }
 

@@ -33,7 +33,6 @@ bool SwitchContext(const std::shared_ptr<IGameContext>& context)
         FMessageBox::Tell(
             QCoreApplication::translate("MMain", "The module '%1' cannot be loaded.\n\n%2")
                 .arg(context->Caption(), failure.Description()),
-
             FMessageBox::Icon::Exclamation);
         return false;
     }

@@ -1,11 +1,11 @@
 #include "CFileCheck.h"
 
+#include "contexts/CContextMgr.h"
 #include "contexts/IGameContext.h"
 #include "core/CKorvane.h"
 #include "core/KorvaneError.h"
 #include "model/CGame.h"
 #include "persist/CGameFile.h"
-#include "persist/CPersistMgr.h"
 #include "review/CGameComparer.h"
 #include "ui/app/CRecentFiles.h"
 
@@ -15,20 +15,24 @@
 std::shared_ptr<CGame> CFileCheck::Read(const QString& path, QString* error)
 {
     CKorvane& root = Root();
-    const QString contextId = root.PersistMgr().ContextIdFromFile(path);
-    if (!root.Context() || contextId.compare(root.Context()->Id(), Qt::CaseInsensitive) != 0) {
-        *error = tr("'%1' is not a game of this module.").arg(QFileInfo(path).fileName());
-        return nullptr;
-    }
+    const QString name = QFileInfo(path).fileName();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = tr("'%1' could not be read.").arg(QFileInfo(path).fileName());
+    const bool opened = file.open(QIODevice::ReadOnly);
+    // The header first: the body of another module's file is not inflated.
+    CGameFile::Header header;
+    QString reason;
+    const bool isGameFile =
+        opened && CGameFile::ReadHeader(file.read(CGameFile::HeaderProbeLength), header, &reason);
+    const QString contextId =
+        isGameFile ? CContextMgr::TranslateExternalId(header.StoredContextId) : QString();
+    if (!root.Context() || contextId.compare(root.Context()->Id(), Qt::CaseInsensitive) != 0) {
+        *error = tr("'%1' is not a game of this module.").arg(name);
         return nullptr;
     }
-    QString reason;
-    std::shared_ptr<CGame> game = CGameFile::FromBytes(file.readAll(), &reason);
+    // Read from the file a piece at a time, in the one open.
+    std::shared_ptr<CGame> game = CGameFile::FromDevice(file, &reason);
     if (!game)
-        *error = tr("'%1' could not be read: %2").arg(QFileInfo(path).fileName(), reason);
+        *error = tr("'%1' could not be read: %2").arg(name, reason);
     return game;
 }
 
@@ -62,10 +66,9 @@ QString CFileCheck::CompareWithRecent(CGameComparison& result)
         return QString();
     const QString own = QFileInfo(open->FilePath()).absoluteFilePath();
     for (const QString& path : CRecentFiles::List()) {
-        if (QFileInfo(path).absoluteFilePath() == own || !QFileInfo::exists(path))
-            continue;
+        // A file that is gone fails to open and is passed over like any other.
         QString ignored;
-        if (Compare(path, result, &ignored))
+        if (QFileInfo(path).absoluteFilePath() != own && Compare(path, result, &ignored))
             return path;
     }
     return QString();

@@ -84,7 +84,6 @@ bool CGameCommands::openFile(const QString& path, bool offerToSave)
         return false;
 
     if (!replaceUnder(position, tr("Opening '%1'...").arg(fileName),
-
                       [&root, &path]() -> std::shared_ptr<CGame> {
                           root.SetGame(nullptr);
                           return root.PersistMgr().LoadGameFromFile(path) ? root.Game() : nullptr;
