@@ -83,10 +83,6 @@
         <translation>„%1“ ist kein Spiel dieses Moduls.</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; could not be read.</source>
-        <translation>„%1“ konnte nicht gelesen werden.</translation>
-    </message>
-    <message>
         <source>&apos;%1&apos; could not be read: %2</source>
         <translation>„%1“ konnte nicht gelesen werden: %2</translation>
     </message>

@@ -83,10 +83,6 @@
         <translation>« %1 » n&apos;est pas une partie de ce module.</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; could not be read.</source>
-        <translation>« %1 » n&apos;a pas pu être lu.</translation>
-    </message>
-    <message>
         <source>&apos;%1&apos; could not be read: %2</source>
         <translation>« %1 » n&apos;a pas pu être lu : %2</translation>
     </message>
