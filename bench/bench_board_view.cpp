@@ -9,7 +9,7 @@
 // 400 %), where most counters are in view or each is large. Those counters
 // are the process's CPU time (the painter's helper threads included), which
 // other work on a shared machine does not inflate as it does wall-clock time.
-#include "BenchSession.h"
+#include "BoardViewBench.h"
 #include "ThreadCpuClock.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
@@ -23,7 +23,6 @@
 #include "tokens/IToken.h"
 #include "ui/board/mdcBoard.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QMouseEvent>
 #include <QPainter>
@@ -35,7 +34,6 @@
 
 namespace {
 
-constexpr int boardSide = 10000;
 constexpr int unitCount = 2000;
 constexpr int arrowCount = 100;
 const QSize viewSize(1920, 1080);
@@ -48,8 +46,8 @@ std::shared_ptr<CMap> makeGame(const IGameContext& context)
     for (int i = 0; i < unitCount; ++i) {
         auto unit = std::make_shared<CUnit>(CUtility::GenerateId(),
                                             context.Tokens().Item(i % BoardTokenCount + 1));
-        unit->SetX(i == 0 ? 400 : i * 4937 % (boardSide - BoardUnitSize));
-        unit->SetY(i == 0 ? 400 : i * 7919 % (boardSide - BoardUnitSize));
+        unit->SetX(i == 0 ? 400 : i * 4937 % (BoardViewSide - BoardUnitSize));
+        unit->SetY(i == 0 ? 400 : i * 7919 % (BoardViewSide - BoardUnitSize));
         unit->SetCaption(QStringLiteral("x%1").arg(i % 12 + 1));
         unit->SetData(QString::number(i % 12 + 1));
         unit->SetHasMoved(i % 5 == 0);
@@ -57,8 +55,8 @@ std::shared_ptr<CMap> makeGame(const IGameContext& context)
     }
     for (int i = 0; i < arrowCount; ++i) {
         auto arrow = std::make_shared<CArrow>(CUtility::GenerateId());
-        arrow->SetTailX(i * 97 % boardSide);
-        arrow->SetTailY(i * 89 % boardSide);
+        arrow->SetTailX(i * 97 % BoardViewSide);
+        arrow->SetTailY(i * 89 % BoardViewSide);
         arrow->SetHeadX(arrow->TailX() + 120);
         arrow->SetHeadY(arrow->TailY() + 60);
         arrow->SetColor(0x0000FF);
@@ -231,11 +229,5 @@ BENCHMARK(BM_ZoomDrag)->Apply(zoomSteps);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    return RunBenchmarksWithRoot<QApplication>(
-        argc, argv,
-        []() -> std::shared_ptr<IGameContext> {
-            return MakeBoardContext(QSize(boardSide, boardSide), true);
-        },
-        [] { scene().Board.reset(); });
+    return RunBoardViewBenchmarks(argc, argv, [] { scene().Board.reset(); });
 }

@@ -6,7 +6,7 @@
 // and draws the overlay, then paints the view. The baseline, in the same
 // run, makes the same switches with the changes hidden. Target: a switch
 // with the changes shown stays under 50 ms.
-#include "BenchSession.h"
+#include "BoardViewBench.h"
 #include "core/CKorvane.h"
 #include "core/CUtility.h"
 #include "model/CGame.h"
@@ -16,15 +16,12 @@
 #include "ui/board/CBoardReview.h"
 #include "ui/board/mdcBoard.h"
 
-#include <QApplication>
-
 #include <benchmark/benchmark.h>
 
 #include <chrono>
 
 namespace {
 
-constexpr int boardSide = 10000;
 constexpr int unitCount = 2000;
 constexpr int turns = 3;
 const QSize viewSize(1920, 1080);
@@ -44,7 +41,7 @@ std::shared_ptr<CUnit> unitAt(const IGameContext& context, int token, int x, int
 // arrivals.
 void fillTurn(CMap& map, const IGameContext& context, int turn)
 {
-    const int span = boardSide - BoardUnitSize;
+    const int span = BoardViewSide - BoardUnitSize;
     for (int i = 0; i < unitCount; ++i) {
         if (turn > 0 && i % 97 == turn)
             continue; // lost this turn
@@ -123,11 +120,5 @@ BENCHMARK(BM_SwitchMapBaseline)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    return RunBenchmarksWithRoot<QApplication>(
-        argc, argv,
-        []() -> std::shared_ptr<IGameContext> {
-            return MakeBoardContext(QSize(boardSide, boardSide), true);
-        },
-        [] { session().Board.reset(); });
+    return RunBoardViewBenchmarks(argc, argv, [] { session().Board.reset(); });
 }

@@ -3,6 +3,7 @@
 #include "CDiffReport.h"
 #include "CToolFailure.h"
 #include "CToolSession.h"
+#include "core/CUtility.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
@@ -91,10 +92,8 @@ std::shared_ptr<CMap> CDiffCommand::FindMap(const CGame& game, const QString& wh
         throw CToolFailure::Input(path, QStringLiteral("it has no map %1").arg(which.trimmed()));
     }
     for (const auto& group : game.MapGroups()) {
-        for (const auto& map : group->Maps()) {
-            if (map->Name() == which)
-                return map;
-        }
+        if (const std::int32_t at = CUtility::SearchByName(group->Maps(), which))
+            return group->Maps().Item(at);
     }
     throw CToolFailure::Input(path, QStringLiteral("it has no map named '%1'").arg(which));
 }

@@ -95,7 +95,7 @@ CToolSession::LoadedGame CToolSession::LoadGame(const QString& path)
     QFile file(path);
     openInputFile(file);
     QString error;
-    if (!CGameFile::ReadHeader(file.read(4 + 1 + 255 + 4), loaded.Header, &error))
+    if (!CGameFile::ReadHeader(file.read(CGameFile::MaximumHeaderLength), loaded.Header, &error))
         throw CToolFailure::Input(path, error);
     loaded.ContextId = CContextMgr::TranslateExternalId(loaded.Header.StoredContextId);
     loaded.Context = FindContext(loaded.ContextId, path);

@@ -58,7 +58,7 @@ QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId, QStri
             tr("The game could not be compressed (zlib error %1)").arg(zlib.LastResult()));
 
     COutputStream header;
-    header.Constructor(4 + 1 + 255 + 4);
+    header.Constructor(MaximumHeaderLength);
     for (const char c : magic)
         header.WriteByte(static_cast<std::uint8_t>(c));
     header.WriteSmallString(storedContextId);
@@ -77,7 +77,7 @@ QByteArray CGameFile::ToBytes(CGame& game, const QString& storedContextId, QStri
 
 bool CGameFile::ReadHeader(const QByteArray& bytes, Header& header, QString* error)
 {
-    CInputStream in = CInputStream::FromBytes(bytes.left(4 + 1 + 255 + 4));
+    CInputStream in = CInputStream::FromBytes(bytes.left(MaximumHeaderLength));
     for (const char c : magic) {
         if (in.ReadByte() != static_cast<std::uint8_t>(c)) {
             setError(error, tr("it is not a Korvane game file"));
@@ -108,7 +108,7 @@ std::shared_ptr<CGame> CGameFile::FromDevice(QIODevice& file, QString* error,
 {
     CTraceScope scope("FileToGame", "CGameFile");
     Header header;
-    if (!file.seek(0) || !ReadHeader(file.read(4 + 1 + 255 + 4), header, error))
+    if (!file.seek(0) || !ReadHeader(file.read(MaximumHeaderLength), header, error))
         return nullptr;
 
     const std::int64_t packedLength = file.size() - header.BodyOffset;

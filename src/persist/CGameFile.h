@@ -33,6 +33,8 @@ public:
     static constexpr std::int32_t MaximumBodyLength = 512 * 1024 * 1024;
     // zlib cannot expand data by more than about 1032:1.
     static constexpr std::int64_t MaximumExpansion = 1032;
+    // The most a header takes: magic, id length, id and body length.
+    static constexpr std::int32_t MaximumHeaderLength = 4 + 1 + 255 + 4;
     // ContextIdFromFile looks no further than this.
     static constexpr std::int32_t HeaderProbeLength = 260;
 

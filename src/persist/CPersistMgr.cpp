@@ -33,8 +33,8 @@ const QString openDefaultPattern = QStringLiteral("*.krf;*.cmf");
 // Magic, the longest context id and the body length, a body of the largest
 // length the reader accepts at zlib's worst expansion, and the padding. A
 // larger file is refused before it is read into memory.
-const qint64 maximumFileSize =
-    4 + 1 + 255 + 4 + static_cast<qint64>(compressBound(CGameFile::MaximumBodyLength)) + 3;
+const qint64 maximumFileSize = CGameFile::MaximumHeaderLength +
+                               static_cast<qint64>(compressBound(CGameFile::MaximumBodyLength)) + 3;
 
 void tell(const QString& text, FMessageBox::Icon icon)
 {
@@ -272,7 +272,7 @@ std::shared_ptr<CGame> CPersistMgr::FileToGame(const QString& fileName)
         return nullptr;
     }
     // Only the header now; the body is inflated from the file as it is read.
-    const QByteArray head = file.read(4 + 1 + 255 + 4);
+    const QByteArray head = file.read(CGameFile::MaximumHeaderLength);
     if (file.error() != QFileDevice::NoError) {
         refuseFile(fileName, file.errorString());
         return nullptr;

@@ -4,6 +4,22 @@
 #include "model/CMap.h"
 #include "model/CMapGroup.h"
 
+namespace {
+
+// The last map of the nearest group, from group down to the first, that has
+// maps; null when none has.
+std::shared_ptr<CMap> lastMapFrom(const CGame& game, int group)
+{
+    for (int g = group; g >= 1; --g) {
+        const CVector<CMap>& maps = game.MapGroups().Item(g)->Maps();
+        if (maps.Count() > 0)
+            return maps.Item(maps.Count());
+    }
+    return nullptr;
+}
+
+} // namespace
+
 CMapHistory::Position CMapHistory::PositionOf(const CGame& game, const CMap& map)
 {
     const CVector<CMapGroup>& groups = game.MapGroups();
@@ -33,21 +49,10 @@ std::shared_ptr<CMap> CMapHistory::MapBefore(const CGame& game, const CMap& map)
         return nullptr;
     if (position.Map > 1)
         return MapAt(game, {position.Group, position.Map - 1});
-    for (int g = position.Group - 1; g >= 1; --g) {
-        const CVector<CMap>& maps = game.MapGroups().Item(g)->Maps();
-        if (maps.Count() > 0)
-            return maps.Item(maps.Count());
-    }
-    return nullptr;
+    return lastMapFrom(game, position.Group - 1);
 }
 
 std::shared_ptr<CMap> CMapHistory::LastMap(const CGame& game)
 {
-    const CVector<CMapGroup>& groups = game.MapGroups();
-    for (int g = groups.Count(); g >= 1; --g) {
-        const CVector<CMap>& maps = groups.Item(g)->Maps();
-        if (maps.Count() > 0)
-            return maps.Item(maps.Count());
-    }
-    return nullptr;
+    return lastMapFrom(game, game.MapGroups().Count());
 }
