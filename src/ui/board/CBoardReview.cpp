@@ -107,7 +107,7 @@ void CBoardReview::RefreshNow()
     const std::shared_ptr<CMap> base = m_shown ? Base() : nullptr;
     m_comparison = compare(base, CMapState::ActiveMap());
     if (base && renderer)
-        m_overlay.Show(*m_board->scene(), renderer, m_comparison);
+        m_overlay.Show(*m_board->Scene(), m_comparison);
     else
         m_overlay.Clear();
     // The replay draws the changes in its own way.
