@@ -1,7 +1,6 @@
 #include "CChangeReplay.h"
 
 #include "actions/CArrowHandles.h"
-#include "model/CArrow.h"
 #include "model/CMap.h"
 #include "model/CUnit.h"
 #include "review/CMapComparison.h"
@@ -52,12 +51,7 @@ CChangeReplay::CChangeReplay(mdcBoard& board, const CMapComparison& comparison, 
     m_arrows = new arcArrows(m_layer);
     m_arrows->setZValue(arrowsInLayer);
     m_arrows->SetRenderer(renderer);
-    const std::shared_ptr<CMap> shown = CMapState::ActiveMap();
-    if (const CVector<CArrow>* arrows = shown ? shown->Arrows() : nullptr) {
-        for (const auto& arrow : *arrows)
-            m_arrows->Add(arrow->Id(), arrow->HeadX(), arrow->HeadY(), arrow->TailX(),
-                          arrow->TailY(), arrow->Color());
-    }
+    m_arrows->CopyArrowsOf(CMapState::ActiveMap().get());
     std::vector<QString> changedArrows;
     for (const CMapChange& change : comparison.Changes) {
         if (change.IsArrow()) {
