@@ -174,10 +174,7 @@ QString CQuantityToken::TearOff(const std::shared_ptr<CUnit>& unit, std::int32_t
     CTraceScope scope("TearOff", "CQuantityToken");
     if (!unit || CurrentMapId().isEmpty())
         return QString();
-    const IToken& token = *unit->Token();
-    const std::int32_t left = x - token.RegionLeft() - token.RegionWidth() / 2;
-    const std::int32_t top = y - token.RegionTop() - token.RegionHeight() / 2;
-    SplitSteps steps = SplitOff(*unit, amount, left, top);
+    SplitSteps steps = SplitOff(*unit, amount, x, y);
     if (!steps.Group)
         return QString();
     // The group ends with a move of the new stack, so that the drag that
@@ -185,7 +182,7 @@ QString CQuantityToken::TearOff(const std::shared_ptr<CUnit>& unit, std::int32_t
     auto placed = std::make_shared<CActionMoveUnit>();
     placed->SetMapId(CurrentMapId());
     placed->SetUnitId(steps.NewUnitId);
-    placed->SetPosition(static_cast<float>(left), static_cast<float>(top));
+    placed->SetPosition(static_cast<float>(x), static_cast<float>(y));
     placed->SetHasMoved(unit->HasMoved());
     steps.Group->SetCaption(QCoreApplication::translate("IAction", "Tear Off %1").arg(amount));
 

@@ -36,8 +36,8 @@ public:
         QString NewUnitId;
     };
     static SplitSteps SplitOff(const CUnit& unit, std::int32_t n, std::int32_t x, std::int32_t y);
-    // Tears amount pieces off a stack pressed on the board, centred on the
-    // pointer at x, y, as one undo step ("Tear Off n") that the drag which
+    // Tears amount pieces off a stack pressed on the board, the new stack's
+    // picture corner at x, y, as one undo step ("Tear Off n") that the drag which
     // follows chains into; returns the new stack's id, or empty when nothing
     // was torn off (no stack, or amount not below its count).
     static QString TearOff(const std::shared_ptr<CUnit>& unit, std::int32_t amount, std::int32_t x,

@@ -158,8 +158,9 @@ void CBoardDrag::pressUnit(const QMouseEvent& event, const std::shared_ptr<CUnit
 {
     // A held digit tears that many off the stack, and the drag takes them.
     const int amount = Root().WinApi().GetPressedNumeric();
+    const QPoint corner = CentredOn(*unit->Token(), p);
     const QString torn =
-        amount > 0 ? CQuantityToken::TearOff(unit, amount, p.x(), p.y()) : QString();
+        amount > 0 ? CQuantityToken::TearOff(unit, amount, corner.x(), corner.y()) : QString();
     m_unitId = torn.isEmpty() ? unit->Id() : torn;
     m_pressPoint = event.position().toPoint();
     m_state = State::Pressed;

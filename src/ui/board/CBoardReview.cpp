@@ -1,6 +1,5 @@
 #include "CBoardReview.h"
 
-#include "core/CKorvane.h"
 #include "core/KorvaneError.h"
 #include "model/CGame.h"
 #include "model/CMap.h"
@@ -23,12 +22,6 @@
 #include <algorithm>
 
 namespace {
-
-std::shared_ptr<CGame> openGame()
-{
-    CKorvane* root = RootOrNull();
-    return root ? root->Game() : nullptr;
-}
 
 // The comparison of base and shown; none when a map cannot be read.
 CMapComparison compare(const std::shared_ptr<CMap>& base, const std::shared_ptr<CMap>& shown)
@@ -64,7 +57,7 @@ CBoardReview::~CBoardReview()
 
 std::shared_ptr<CMap> CBoardReview::Base() const
 {
-    const std::shared_ptr<CGame> game = openGame();
+    const std::shared_ptr<CGame> game = CMapState::OpenGame();
     const std::shared_ptr<CMap> shown = CMapState::ActiveMap();
     if (!game || !shown)
         return nullptr;
@@ -107,7 +100,7 @@ void CBoardReview::RefreshNow()
     const std::shared_ptr<CMap> base = m_shown ? Base() : nullptr;
     m_comparison = compare(base, CMapState::ActiveMap());
     if (base && renderer)
-        m_overlay.Show(*m_board->scene(), renderer, m_comparison);
+        m_overlay.Show(*m_board->Scene(), m_comparison);
     else
         m_overlay.Clear();
     // The replay draws the changes in its own way.
@@ -119,7 +112,7 @@ void CBoardReview::boardRebuilt()
 {
     // A chosen base gone with its game gives way to the map before; the
     // replay lost its drawings with the board's old scene.
-    const std::shared_ptr<CGame> game = openGame();
+    const std::shared_ptr<CGame> game = CMapState::OpenGame();
     if (!m_chosenBaseId.isEmpty() && (!game || !game->MapById(m_chosenBaseId)))
         m_chosenBaseId.clear();
     EndReplay();

@@ -131,15 +131,7 @@ void CBoardScene::rebuildUnits()
 void CBoardScene::rebuildArrows()
 {
     m_arrows->SetRenderer(m_renderer);
-    m_arrows->Clear();
-    const std::shared_ptr<CMap> map = CMapState::ActiveMap();
-    const CVector<CArrow>* arrows = map ? map->Arrows() : nullptr;
-    if (!arrows)
-        return;
-    for (const auto& arrow : *arrows) {
-        m_arrows->Add(arrow->Id(), arrow->HeadX(), arrow->HeadY(), arrow->TailX(), arrow->TailY(),
-                      arrow->Color());
-    }
+    m_arrows->CopyArrowsOf(CMapState::ActiveMap().get());
 }
 
 void CBoardScene::addUnitItem(const std::shared_ptr<CUnit>& unit)

@@ -4,12 +4,12 @@
 #include "render/CBoardRenderer.h"
 #include "review/CMapComparison.h"
 #include "ui/board/CBoardLayer.h"
+#include "ui/board/CBoardScene.h"
 #include "ui/board/CChangeUnits.h"
 #include "ui/board/CUnitGhostItem.h"
 
 #include <QGraphicsEllipseItem>
 #include <QGraphicsLineItem>
-#include <QGraphicsScene>
 #include <QPen>
 
 #include <algorithm>
@@ -57,11 +57,10 @@ CChangeOverlay::~CChangeOverlay()
     Clear();
 }
 
-void CChangeOverlay::Show(QGraphicsScene& scene,
-                          const std::shared_ptr<const CBoardRenderer>& renderer,
-                          const CMapComparison& comparison)
+void CChangeOverlay::Show(CBoardScene& scene, const CMapComparison& comparison)
 {
     Clear();
+    const std::shared_ptr<const CBoardRenderer> renderer = scene.Renderer();
     if (!renderer)
         return;
     m_under = new CBoardLayer(UnderLayer);
@@ -82,7 +81,7 @@ void CChangeOverlay::Show(QGraphicsScene& scene,
         case CMapChange::ChangeKind::Moved:
         case CMapChange::ChangeKind::Removed:
             if (before)
-                new CUnitGhostItem(before, renderer, m_under);
+                new CUnitGhostItem(before, renderer, scene.Pictures(), m_under);
             if (before && after)
                 addLine(m_over, CChangeUnits::Centre(*renderer, *before),
                         CChangeUnits::Centre(*renderer, *after), lineColor, Qt::SolidLine);

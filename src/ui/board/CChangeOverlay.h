@@ -6,8 +6,7 @@
 
 #include <memory>
 
-class CBoardRenderer;
-class QGraphicsScene;
+class CBoardScene;
 struct CMapComparison;
 
 // The changes of a comparison drawn over the board: faded ghosts of moved and
@@ -33,8 +32,7 @@ public:
     ~CChangeOverlay();
 
     // Draws comparison on scene in place of what was drawn before.
-    void Show(QGraphicsScene& scene, const std::shared_ptr<const CBoardRenderer>& renderer,
-              const CMapComparison& comparison);
+    void Show(CBoardScene& scene, const CMapComparison& comparison);
     void Clear();
     // Hides or shows the drawing without dropping it.
     void SetVisible(bool visible);

@@ -1,7 +1,6 @@
 #include "CChangeReplay.h"
 
 #include "actions/CArrowHandles.h"
-#include "model/CArrow.h"
 #include "model/CMap.h"
 #include "model/CUnit.h"
 #include "review/CMapComparison.h"
@@ -39,7 +38,8 @@ std::int32_t rounded(double v)
 } // namespace
 
 CChangeReplay::CChangeReplay(mdcBoard& board, const CMapComparison& comparison, QObject* parent)
-    : QObject(parent), m_board(&board), m_glide(new QVariantAnimation(this))
+    : QObject(parent), m_board(&board), m_pictures(board.Scene()->Pictures()),
+      m_glide(new QVariantAnimation(this))
 {
     m_glide->setDuration(GlideMilliseconds);
     m_glide->setEasingCurve(QEasingCurve::InOutQuad);
@@ -51,12 +51,7 @@ CChangeReplay::CChangeReplay(mdcBoard& board, const CMapComparison& comparison, 
     m_arrows = new arcArrows(m_layer);
     m_arrows->setZValue(arrowsInLayer);
     m_arrows->SetRenderer(renderer);
-    const std::shared_ptr<CMap> shown = CMapState::ActiveMap();
-    if (const CVector<CArrow>* arrows = shown ? shown->Arrows() : nullptr) {
-        for (const auto& arrow : *arrows)
-            m_arrows->Add(arrow->Id(), arrow->HeadX(), arrow->HeadY(), arrow->TailX(),
-                          arrow->TailY(), arrow->Color());
-    }
+    m_arrows->CopyArrowsOf(CMapState::ActiveMap().get());
     std::vector<QString> changedArrows;
     for (const CMapChange& change : comparison.Changes) {
         if (change.IsArrow()) {
@@ -71,7 +66,7 @@ CChangeReplay::CChangeReplay(mdcBoard& board, const CMapComparison& comparison, 
         const std::shared_ptr<const CUnit>& first = step.Before ? step.Before : step.After;
         if (!first)
             continue;
-        step.Item = new CUnitGhostItem(first, renderer, m_layer);
+        step.Item = new CUnitGhostItem(first, renderer, m_pictures, m_layer);
         m_hidden.push_back(change.IdAfter);
         showState(step, false);
         m_steps.push_back(std::move(step));
@@ -104,9 +99,9 @@ void CChangeReplay::addArrowStep(const CMapChange& change,
     const QPoint tail = change.HasFrom() ? change.From : change.To;
     const QPoint head = change.HasFrom() ? change.FromHead : change.ToHead;
     if (std::shared_ptr<const CUnit> handle = CChangeUnits::Handle(change, tail))
-        step.Tail = new CUnitGhostItem(handle, renderer, m_layer);
+        step.Tail = new CUnitGhostItem(handle, renderer, m_pictures, m_layer);
     if (std::shared_ptr<const CUnit> handle = CChangeUnits::Handle(change, head))
-        step.Head = new CUnitGhostItem(handle, renderer, m_layer);
+        step.Head = new CUnitGhostItem(handle, renderer, m_pictures, m_layer);
     showArrow(step, false);
     m_steps.push_back(std::move(step));
 }

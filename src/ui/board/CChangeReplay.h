@@ -15,6 +15,7 @@
 class CBoardRenderer;
 class CUnit;
 class CUnitGhostItem;
+class CUnitPictureCache;
 class QVariantAnimation;
 class arcArrows;
 class mdcBoard;
@@ -89,6 +90,8 @@ private:
 
     QPointer<mdcBoard> m_board;
     QPointer<CBoardLayer> m_layer;
+    // The board's pictures, shared by the stand-ins.
+    std::shared_ptr<CUnitPictureCache> m_pictures;
     arcArrows* m_arrows = nullptr;
     std::vector<Step> m_steps;
     // The board's own unit items hidden while the replay runs.

@@ -1,10 +1,10 @@
 #include "CChangeUnits.h"
 
-#include "core/CKorvane.h"
 #include "model/CGame.h"
 #include "model/CUnit.h"
 #include "render/CBoardRenderer.h"
 #include "review/CMapChange.h"
+#include "ui/board/CMapState.h"
 
 #include <QRectF>
 
@@ -13,8 +13,7 @@ namespace {
 std::shared_ptr<const CUnit> detached(const CMapChange& change, const QString& id, QPoint at,
                                       const QString& caption, const QString& data)
 {
-    CKorvane* root = RootOrNull();
-    const std::shared_ptr<CGame> game = root ? root->Game() : nullptr;
+    const std::shared_ptr<CGame> game = CMapState::OpenGame();
     auto token = game ? game->TokenById(change.TokenId) : nullptr;
     if (!token)
         return nullptr;

@@ -7,10 +7,16 @@
 #include "model/CMapGroup.h"
 #include "model/CUnit.h"
 
-std::shared_ptr<CMapGroup> CMapState::ActiveGroup()
+std::shared_ptr<CGame> CMapState::OpenGame()
 {
     CKorvane* root = RootOrNull();
-    return root && root->Game() ? root->Game()->ActiveMapGroup() : nullptr;
+    return root ? root->Game() : nullptr;
+}
+
+std::shared_ptr<CMapGroup> CMapState::ActiveGroup()
+{
+    const std::shared_ptr<CGame> game = OpenGame();
+    return game ? game->ActiveMapGroup() : nullptr;
 }
 
 std::shared_ptr<CMap> CMapState::ActiveMap()

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 
+class CGame;
 class CMap;
 class CMapGroup;
 class CUnit;
@@ -13,6 +14,8 @@ class QString;
 class CMapState
 {
 public:
+    // The open game, or null.
+    static std::shared_ptr<CGame> OpenGame();
     // The active group of the open game, or null.
     static std::shared_ptr<CMapGroup> ActiveGroup();
     // The active map of the active group, or null.

@@ -1,6 +1,7 @@
 #include "arcArrows.h"
 
 #include "model/CArrow.h"
+#include "model/CMap.h"
 #include "render/CBoardRenderer.h"
 
 #include <QPainter>
@@ -40,6 +41,17 @@ void arcArrows::Clear()
 {
     m_arrows.clear();
     updateBounds();
+}
+
+void arcArrows::CopyArrowsOf(const CMap* map)
+{
+    Clear();
+    const CVector<CArrow>* arrows = map ? map->Arrows() : nullptr;
+    if (!arrows)
+        return;
+    for (const auto& arrow : *arrows)
+        Add(arrow->Id(), arrow->HeadX(), arrow->HeadY(), arrow->TailX(), arrow->TailY(),
+            arrow->Color());
 }
 
 void arcArrows::Add(const QString& id, std::int32_t headX, std::int32_t headY, std::int32_t tailX,

@@ -9,6 +9,7 @@
 #include <vector>
 
 class CArrow;
+class CMap;
 class CBoardRenderer;
 
 // The arrow canvas: one layer over the units that draws the shown map's
@@ -24,6 +25,8 @@ public:
     void SetRenderer(std::shared_ptr<const CBoardRenderer> renderer);
 
     void Clear();
+    // Holds copies of map's arrows (none for null) in place of those held.
+    void CopyArrowsOf(const CMap* map);
     void Add(const QString& id, std::int32_t headX, std::int32_t headY, std::int32_t tailX,
              std::int32_t tailY, std::int32_t color);
     // Nothing happens for an id the canvas does not hold.

@@ -8,6 +8,7 @@
 #include "ui/board/CBoardDrag.h"
 #include "ui/board/CBoardScene.h"
 #include "ui/board/CDigitKeyWatcher.h"
+#include "ui/board/CMapState.h"
 #include "ui/docks/UTokenPalette.h"
 
 #include <QDragEnterEvent>
@@ -123,8 +124,7 @@ void mdcBoard::NotifyOfNewContext()
 void mdcBoard::NotifyOfNewGame()
 {
     const CTraceScope scope("NotifyOfNewGame", "mdcBoard");
-    CKorvane* root = RootOrNull();
-    const std::shared_ptr<CGame> game = root ? root->Game() : nullptr;
+    const std::shared_ptr<CGame> game = CMapState::OpenGame();
     const double scale = m_zoom.SwitchGame(game ? game->Id() : QString());
     applyZoom(scale, QPointF());
     m_scene->Rebuild();
